@@ -1,0 +1,58 @@
+# The data folders beside the program: plug-ins compiled from data/encodings, font
+# tables, Plugin.INI. A cross build makes them with a native zorvak of its own.
+if(CMAKE_CROSSCOMPILING)
+  set(host_dir "${CMAKE_BINARY_DIR}/host")
+  file(GLOB_RECURSE host_sources CONFIGURE_DEPENDS
+    "${CMAKE_SOURCE_DIR}/src/base/*" "${CMAKE_SOURCE_DIR}/src/engine/*"
+    "${CMAKE_SOURCE_DIR}/src/textfiles/*" "${CMAKE_SOURCE_DIR}/src/console/*")
+  set(zorvak_host "${host_dir}/zorvak")
+  add_custom_command(OUTPUT "${zorvak_host}"
+    COMMAND "${CMAKE_COMMAND}" -S "${CMAKE_SOURCE_DIR}" -B "${host_dir}" -G "Unix Makefiles"
+            -DZC_HOST_TOOL=ON -DCMAKE_BUILD_TYPE=Release
+    COMMAND "${CMAKE_COMMAND}" --build "${host_dir}" -j 2
+    COMMAND "${CMAKE_COMMAND}" -E touch "${zorvak_host}"
+    DEPENDS ${host_sources}
+    COMMENT "Building a native zorvak for making data" VERBATIM)
+  set(data_dir "${CMAKE_BINARY_DIR}/dist")
+else()
+  set(zorvak_host "$<TARGET_FILE:zorvak>")
+  set(data_dir "${CMAKE_BINARY_DIR}")
+endif()
+
+set(made "")
+file(GLOB encodings CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/data/encodings/*.txt")
+foreach(source IN LISTS encodings)
+  get_filename_component(name "${source}" NAME_WE)
+  set(plugin "${data_dir}/conversion Plugins/${name}.dll")
+  add_custom_command(OUTPUT "${plugin}"
+    COMMAND "${CMAKE_COMMAND}" -E make_directory "${data_dir}/conversion Plugins"
+    COMMAND "${zorvak_host}" plugin build "${source}" "${plugin}"
+    DEPENDS "${source}" "${zorvak_host}"
+    VERBATIM)
+  list(APPEND made "${plugin}")
+endforeach()
+
+function(zc_copy from to)
+  add_custom_command(OUTPUT "${to}"
+    COMMAND "${CMAKE_COMMAND}" -E copy "${from}" "${to}"
+    DEPENDS "${from}" VERBATIM)
+  set(made ${made} "${to}" PARENT_SCOPE)
+endfunction()
+
+file(GLOB tables CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/data/fonts/*.tbl")
+foreach(table IN LISTS tables)
+  get_filename_component(name "${table}" NAME)
+  zc_copy("${table}" "${data_dir}/Font conversion Table/${name}")
+endforeach()
+if(EXISTS "${CMAKE_SOURCE_DIR}/data/Plugin.INI")
+  zc_copy("${CMAKE_SOURCE_DIR}/data/Plugin.INI" "${data_dir}/Plugin.INI")
+endif()
+
+if(CMAKE_CROSSCOMPILING)
+  zc_copy("${CMAKE_SOURCE_DIR}/LICENSE" "${data_dir}/LICENSE.txt")
+  add_custom_command(OUTPUT "${data_dir}/zorvak.exe"
+    COMMAND "${CMAKE_STRIP}" -o "${data_dir}/zorvak.exe" "$<TARGET_FILE:zorvak>"
+    DEPENDS zorvak VERBATIM)
+  list(APPEND made "${data_dir}/zorvak.exe")
+endif()
+add_custom_target(data ALL DEPENDS ${made})

@@ -1,0 +1,15 @@
+# The name of a file says its side of a seam: X.cpp is portable, X_win.cpp is for
+# Windows, X_portable.cpp for everything else.
+function(zc_sources result)
+  set(found "")
+  foreach(folder IN LISTS ARGN)
+    file(GLOB files CONFIGURE_DEPENDS "${folder}/*.cpp")
+    list(APPEND found ${files})
+  endforeach()
+  if(WIN32)
+    list(FILTER found EXCLUDE REGEX "_portable\\.cpp$")
+  else()
+    list(FILTER found EXCLUDE REGEX "_win\\.cpp$")
+  endif()
+  set(${result} "${found}" PARENT_SCOPE)
+endfunction()

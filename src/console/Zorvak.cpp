@@ -1,0 +1,3 @@
+#include "console/Zorvak.h"
+
+int RunZorvak(const std::vector<std::u16string>&) { return 2; }

@@ -1,0 +1,3 @@
+#include "console/Zorvak.h"
+
+int main() { return RunZorvak({}); }

@@ -1,0 +1,4 @@
+#include "console/Zorvak.h"
+
+int wmain();
+int wmain() { return RunZorvak({}); }
