@@ -30,8 +30,8 @@ struct JobHost {
     std::function<void(double seconds)> PlayDone = [](double) {};
     // Told once per item: what came of it. output is empty where none was written; failure
     // is null where the item went through.
-    std::function<void(std::u16string_view source, std::u16string_view output, const RuntimeFailure* failure)> Done =
-        [](std::u16string_view, std::u16string_view, const RuntimeFailure*) {};
+    std::function<void(std::u16string_view source, std::u16string_view output, const RuntimeFailure* failure)>
+        Done = [](std::u16string_view, std::u16string_view, const RuntimeFailure*) {};
 
     // What is in hand, so that a failure can say where it happened.
     std::u16string Item;

@@ -7,9 +7,15 @@ const ListItems::Item& ListItems::At(int index) const {
     return m_Items[static_cast<std::size_t>(index)];
 }
 
-std::u16string ListItems::List(int index) const { return At(index).text; }
-int ListItems::ListIcon(int index) const { return At(index).icon; }
-bool ListItems::ListBold(int index) const { return At(index).bold; }
+std::u16string ListItems::List(int index) const {
+    return At(index).text;
+}
+int ListItems::ListIcon(int index) const {
+    return At(index).icon;
+}
+bool ListItems::ListBold(int index) const {
+    return At(index).bold;
+}
 
 void ListItems::AddItem(std::u16string_view text, int index, int icon, bool bold) {
     if (index < -1 || index > ListCount()) throw RuntimeFailure(kSubscriptOutOfRange, u"ListItems");

@@ -17,7 +17,9 @@ constexpr char16_t kHigh[32] = {
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
 
-constexpr bool IsSurrogate(char16_t unit) { return (unit & 0xF800) == 0xD800; }
+constexpr bool IsSurrogate(char16_t unit) {
+    return (unit & 0xF800) == 0xD800;
+}
 
 // Decodes the sequence at bytes[at]. Returns its length and sets point; for an invalid
 // part it returns the length of that part and sets point to -1.
@@ -70,7 +72,8 @@ char16_t FromCp1252(unsigned char byte) {
 
 std::u16string FromCp1252(std::string_view bytes) {
     std::u16string units(bytes.size(), u'\0');
-    for (std::size_t i = 0; i < bytes.size(); ++i) units[i] = FromCp1252(static_cast<unsigned char>(bytes[i]));
+    for (std::size_t i = 0; i < bytes.size(); ++i)
+        units[i] = FromCp1252(static_cast<unsigned char>(bytes[i]));
     return units;
 }
 
@@ -197,7 +200,9 @@ std::u16string LowerAscii(std::u16string_view units) {
     return made;
 }
 
-bool EqualNoCase(std::u16string_view a, std::u16string_view b) { return LowerAscii(a) == LowerAscii(b); }
+bool EqualNoCase(std::u16string_view a, std::u16string_view b) {
+    return LowerAscii(a) == LowerAscii(b);
+}
 
 std::u16string Decimal(long long value) {
     const std::string digits = std::to_string(value);

@@ -1,3 +1,5 @@
 #include "console/Zorvak.h"
 
-int RunZorvak(const std::vector<std::u16string>&) { return 2; }
+int RunZorvak(const std::vector<std::u16string>&) {
+    return 2;
+}

@@ -1,3 +1,5 @@
 #include "console/Zorvak.h"
 
-int main() { return RunZorvak({}); }
+int main() {
+    return RunZorvak({});
+}

@@ -1,4 +1,6 @@
 #include "console/Zorvak.h"
 
 int wmain();
-int wmain() { return RunZorvak({}); }
+int wmain() {
+    return RunZorvak({});
+}
