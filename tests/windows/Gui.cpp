@@ -1,0 +1,156 @@
+#include "windows/Gui.h"
+
+#include <exception>
+#include <future>
+#include <stdexcept>
+
+namespace gui {
+namespace {
+
+constexpr UINT kRunJob = WM_APP + 1;
+
+LRESULT CALLBACK JobProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message != kRunJob) return DefWindowProcW(window, message, wParam, lParam);
+    auto* job = reinterpret_cast<std::function<void()>*>(lParam);
+    (*job)();
+    delete job;
+    return 0;
+}
+
+LRESULT CALLBACK PlainProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    return DefWindowProcW(window, message, wParam, lParam);
+}
+
+const wchar_t* WindowClass() {
+    static const ATOM atom = [] {
+        WNDCLASSW kind{};
+        kind.lpfnWndProc = PlainProcedure;
+        kind.hInstance = GetModuleHandleW(nullptr);
+        kind.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
+        kind.lpszClassName = L"ZorvakTestWindow";
+        return RegisterClassW(&kind);
+    }();
+    return reinterpret_cast<const wchar_t*>(static_cast<ULONG_PTR>(atom));
+}
+
+} // namespace
+
+bool WaitUntil(const std::function<bool()>& ready, DWORD limitMs) {
+    const ULONGLONG end = GetTickCount64() + limitMs;
+    while (!ready()) {
+        if (GetTickCount64() >= end) return false;
+        Sleep(1);
+    }
+    return true;
+}
+
+UiThread::UiThread() {
+    std::promise<HWND> made;
+    auto window = made.get_future();
+    m_Thread = std::thread([&made] {
+        HWND jobs =
+            CreateWindowExW(0, L"Static", L"", 0, 0, 0, 0, 0, HWND_MESSAGE, nullptr, nullptr, nullptr);
+        SetWindowLongPtrW(jobs, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(JobProcedure));
+        made.set_value(jobs);
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
+    });
+    m_Jobs = window.get();
+}
+
+UiThread::~UiThread() {
+    Post([] { PostQuitMessage(0); });
+    m_Thread.join();
+}
+
+void UiThread::Post(std::function<void()> job) {
+    PostMessageW(m_Jobs, kRunJob, 0, reinterpret_cast<LPARAM>(new std::function<void()>(std::move(job))));
+}
+
+void UiThread::Run(const std::function<void()>& job) {
+    auto done = std::make_shared<std::promise<void>>();
+    auto end = done->get_future();
+    Post([job, done] {
+        try {
+            job();
+            done->set_value();
+        } catch (...) {
+            done->set_exception(std::current_exception());
+        }
+    });
+    if (end.wait_for(std::chrono::seconds(60)) != std::future_status::ready)
+        throw std::runtime_error("the window thread does not answer");
+    end.get();
+}
+
+HWND MakeWindow(HWND parent, RECT place, WNDPROC procedure, const wchar_t* caption) {
+    const DWORD style = (parent ? WS_CHILD : WS_POPUP) | WS_VISIBLE | WS_CLIPCHILDREN;
+    HWND window =
+        CreateWindowExW(0, WindowClass(), caption, style, place.left, place.top, place.right - place.left,
+                        place.bottom - place.top, parent, nullptr, GetModuleHandleW(nullptr), nullptr);
+    if (procedure) SetWindowLongPtrW(window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(procedure));
+    return window;
+}
+
+bool Activate(HWND top) {
+    return WaitUntil([top] {
+        if (GetForegroundWindow() == top) return true;
+        SetForegroundWindow(top);
+        return false;
+    });
+}
+
+POINT ToScreen(HWND window, int x, int y) {
+    POINT point{x, y};
+    ClientToScreen(window, &point);
+    return point;
+}
+
+POINT CentreOf(HWND window) {
+    RECT place{};
+    GetWindowRect(window, &place);
+    return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
+}
+
+void MoveTo(POINT screen) {
+    // Half a pixel more, since the system cuts when it scales the value back.
+    const long long width = GetSystemMetrics(SM_CXVIRTUALSCREEN);
+    const long long height = GetSystemMetrics(SM_CYVIRTUALSCREEN);
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dx = static_cast<LONG>((screen.x * 65536LL + 32768) / width);
+    input.mi.dy = static_cast<LONG>((screen.y * 65536LL + 32768) / height);
+    input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK;
+    SendInput(1, &input, sizeof input);
+}
+
+void Press(DWORD mouseFlag) {
+    INPUT input{};
+    input.type = INPUT_MOUSE;
+    input.mi.dwFlags = mouseFlag;
+    SendInput(1, &input, sizeof input);
+}
+
+void Click(POINT screen) {
+    MoveTo(screen);
+    Press(MOUSEEVENTF_LEFTDOWN);
+    Press(MOUSEEVENTF_LEFTUP);
+}
+
+void Key(WORD key, bool up) {
+    INPUT input{};
+    input.type = INPUT_KEYBOARD;
+    input.ki.wVk = key;
+    input.ki.dwFlags = up ? KEYEVENTF_KEYUP : 0;
+    SendInput(1, &input, sizeof input);
+}
+
+void Type(WORD key) {
+    Key(key, false);
+    Key(key, true);
+}
+
+} // namespace gui
