@@ -48,17 +48,6 @@ if(gtest_found)
     set_tests_properties(unit_${name} PROPERTIES TIMEOUT 300 SKIP_REGULAR_EXPRESSION "")
   endforeach()
 
-  # Windows share one focus, one mouse and one clipboard: never two such programs at a
-  # time on one display.
-  if(WIN32)
-    file(GLOB window_tests CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/tests/windows/*.cpp")
-    add_executable(windows_tests ${window_tests})
-    target_include_directories(windows_tests PRIVATE "${CMAKE_SOURCE_DIR}/tests")
-    target_link_libraries(windows_tests PRIVATE face gtest)
-    add_test(NAME windows_tests COMMAND windows_tests)
-    set_tests_properties(windows_tests PROPERTIES TIMEOUT 300 RESOURCE_LOCK display)
-  endif()
-
   foreach(source IN LISTS fuzzers)
     get_filename_component(name "${source}" NAME_WE)
     string(REGEX REPLACE "_fuzz$" "" corpus "${name}")

@@ -1,4 +1,4 @@
-// Runs all window tests in one process.
+// Runs the cases of one program of window tests.
 
 #include "base/win.h"
 
@@ -11,8 +11,8 @@ namespace {
 
 // A modal box that no test expects waits for ever; this ends the process before its limit.
 DWORD CALLBACK EndHangingRun(void*) {
-    Sleep(280'000);
-    std::fputs("windows_tests: still running after 280 seconds\n", stderr);
+    Sleep(170'000);
+    std::fputs("still running after 170 seconds\n", stderr);
     TerminateProcess(GetCurrentProcess(), 99);
     return 0;
 }

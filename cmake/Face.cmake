@@ -1,0 +1,28 @@
+# What a program with windows carries (manifest, pictures, region shapes), and the tests
+# of the controls.
+enable_language(RC)
+set(face_resources "${CMAKE_SOURCE_DIR}/res/face.rc")
+set_property(SOURCE "${face_resources}" APPEND PROPERTY
+  OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/res/face.manifest")
+
+# tests/windows/x_test.cpp becomes the program windows_x. The windows of a session share
+# focus, mouse and clipboard: one program at a time.
+if(gtest_found)
+  file(GLOB window_tests CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/tests/windows/*.cpp")
+  set(window_driver ${window_tests})
+  list(FILTER window_tests INCLUDE REGEX "_test\\.cpp$")
+  list(FILTER window_driver EXCLUDE REGEX "_test\\.cpp$")
+  add_library(window_driver OBJECT ${window_driver} "${face_resources}")
+  target_include_directories(window_driver PUBLIC "${CMAKE_SOURCE_DIR}/tests")
+  target_link_libraries(window_driver PUBLIC face gtest)
+  add_custom_target(windows_tests)
+  foreach(source IN LISTS window_tests)
+    get_filename_component(name "${source}" NAME_WE)
+    string(REGEX REPLACE "_test$" "" name "windows_${name}")
+    add_executable(${name} "${source}")
+    target_link_libraries(${name} PRIVATE window_driver)
+    add_dependencies(windows_tests ${name})
+    add_test(NAME ${name} COMMAND ${name})
+    set_tests_properties(${name} PROPERTIES TIMEOUT 180 RESOURCE_LOCK display)
+  endforeach()
+endif()

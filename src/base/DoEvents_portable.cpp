@@ -1,0 +1,5 @@
+#include "base/DoEvents.h"
+
+void DoEvents() {}
+
+void SetDoEventsHooks(const DoEventsHooks&) {}
