@@ -1,0 +1,84 @@
+// Tested by tests/cli.
+
+#include "console/Encodings.h"
+
+#include "base/Files.h"
+#include "base/RuntimeFailure.h"
+#include "base/Text.h"
+#include "console/Terminal.h"
+
+namespace encodings {
+namespace {
+
+std::u16string PluginFolder() {
+    constexpr std::u16string_view kFolder = u"conversion Plugins";
+    const std::u16string found = files::FindNoCase(files::ProgramFolder(), kFolder);
+    return files::Join(files::ProgramFolder(), found.empty() ? kFolder : std::u16string_view(found));
+}
+
+// A plug-in that ought to be there; its lost file is no unknown name.
+bool IsDescribed(std::u16string_view name) {
+    return text::EqualNoCase(name, kDefault);
+}
+
+int UnknownName(std::u16string_view command, std::u16string_view name) {
+    std::u16string problem = u"unknown encoding '" + std::u16string(name) + u"'; ";
+    const std::vector<std::u16string> installed = Installed();
+    problem += installed.empty() ? u"none is installed" : u"the installed ones are";
+    for (std::size_t i = 0; i < installed.size(); ++i) problem += (i == 0 ? u" " : u", ") + installed[i];
+    return terminal::UsageError(command, problem);
+}
+
+int Choose(const Arguments& arguments, std::u16string_view command, Choice& choice) {
+    if (arguments.Has(u"plugin")) {
+        if (arguments.Has(u"from"))
+            return terminal::UsageError(command, u"--from and --plugin exclude each other");
+        choice = {u"", files::AbsolutePath(arguments.Value(u"plugin"))};
+        return kExitDone;
+    }
+    const std::u16string asked = arguments.Value(u"from", kDefault);
+    for (const std::u16string& name : Installed())
+        if (text::EqualNoCase(name, asked) && (choice.name.empty() || name == asked)) choice.name = name;
+    if (choice.name.empty() && !IsDescribed(asked)) return UnknownName(command, asked);
+    if (choice.name.empty()) choice.name = asked;
+    choice.path = PluginPath(choice.name);
+    return kExitDone;
+}
+
+} // namespace
+
+std::vector<std::u16string> Installed() {
+    std::vector<std::u16string> names, files;
+    files::ListFiles(PluginFolder(), files);
+    for (const std::u16string& file : files)
+        if (file.size() > 4 && text::EqualNoCase(std::u16string_view(file).substr(file.size() - 3), u"dll"))
+            names.push_back(file.substr(0, file.size() - 4));
+    return names;
+}
+
+std::u16string PluginPath(std::u16string_view name) {
+    const std::u16string folder = PluginFolder(), file = std::u16string(name) + u".dll";
+    const std::u16string found = files::FindNoCase(folder, file);
+    return files::Join(folder, found.empty() ? file : found);
+}
+
+int LoadChosen(const Arguments& arguments, std::u16string_view command, clsConvert& converter,
+               Choice& choice) {
+    if (const int code = Choose(arguments, command, choice); code != kExitDone) return code;
+    if (!files::FileExists(choice.path)) {
+        terminal::PrintError(u"the plug-in " + choice.path + u" is missing");
+        return kExitFatal;
+    }
+    try {
+        converter.LoadTable(choice.path);
+        // A table that no line can be converted with is as good as damaged.
+        converter.Convert(u"");
+    } catch (const RuntimeFailure& failure) {
+        terminal::PrintError(u"the plug-in " + choice.path + u" is damaged: " +
+                             terminal::FailureText(failure));
+        return kExitFatal;
+    }
+    return kExitDone;
+}
+
+} // namespace encodings
