@@ -1,0 +1,5 @@
+#include "engine/CryptoOperations.h"
+
+CryptoOperations SystemCryptoOperations() {
+    return OwnCryptoOperations();
+}
