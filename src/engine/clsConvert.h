@@ -1,12 +1,32 @@
-// The engine: turns one line of legacy text into Unicode Bangla.
+// The engine: turns legacy text into Unicode Bangla, one line at a time.
 #pragma once
 
+#include "base/RuntimeFailure.h"
+#include "engine/OutputBuffer.h"
+
 #include <cstddef>
+#include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
 
-struct RuleTable;
+class Engine;
+
+// What ends a line of a block. Lf: LF, with a CR in front of it if there is one. CrLf: CR LF
+// and nothing else. Either is kept as it stood and never reaches the conversion.
+enum class LineEnd { Lf, CrLf };
+// How converted text is written. Utf16 is little-endian without a mark.
+enum class OutputEncoding { Utf8, Utf16 };
+
+// A line of a block that could not be converted.
+struct LineFailure {
+    std::size_t Line; // in its block, 1-based
+    std::u16string Legacy;
+    RuntimeFailure Failure;
+};
+// Told of each such line. True leaves the line as it was and goes on, false stops.
+using OnLineFailure = std::function<bool(const LineFailure&)>;
 
 class clsConvert {
 public:
@@ -15,15 +35,26 @@ public:
     clsConvert(const clsConvert&) = delete;
     clsConvert& operator=(const clsConvert&) = delete;
 
-    // Decrypts the plug-in at path and fills the table. Raises a run-time failure for a bad
-    // file; what was read before the fault stays.
-    void LoadTable(std::u16string_view path);
-    // The same from a payload at hand: both markers, then the rules, lines split at CR LF.
+    // Fills the table from a payload: reph marker, ya-phala marker, then one rule a line
+    // (Find TAB Replace), lines split at CR LF. Raises failure 9 for a damaged payload; what
+    // was read before the fault stays.
     void LoadText(std::u16string_view payload);
+    // Erases the rules. The markers stay.
     void UnLoadTable();
+    // Requires a loaded table (failure 9) of at most 32,767 rules (failure 6). Raises failure
+    // 5 for a reph that has nothing to stand on at the start of the line and for a marker
+    // that makes its pass endless, 14 for a line that grows beyond 2^29 units.
     std::u16string Convert(std::u16string_view line);
 
+    // Converts a block of whole lines and appends them to output; a last line without its
+    // line end is a line too. Returns the length of what was converted: the block's, or the
+    // start of the failing line where onFailure said stop. Failures that concern the table
+    // and not a line (9, 6) are raised. The text of a block of units may hold anything.
+    std::size_t ConvertLines(std::string_view cp1252, LineEnd cut, OutputEncoding encoding,
+                             OutputBuffer& output, const OnLineFailure& onFailure);
+    std::size_t ConvertLines(std::u16string_view units, LineEnd cut, OutputEncoding encoding,
+                             OutputBuffer& output, const OnLineFailure& onFailure);
+
 private:
-    struct Derived;
-    std::unique_ptr<Derived> m_Derived;
+    std::unique_ptr<Engine> m_Engine;
 };
