@@ -2,7 +2,9 @@
 
 #include "base/Text.h"
 
+#include <array>
 #include <bit>
+#include <cstdint>
 #include <cstring>
 
 namespace text {
@@ -16,6 +18,13 @@ constexpr char16_t kHigh[32] = {
     0x2039, 0x0152, 0x008D, 0x017D, 0x008F, 0x0090, 0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
     0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0x009D, 0x017E, 0x0178,
 };
+
+constexpr std::array<char16_t, 256> kCp1252 = [] {
+    std::array<char16_t, 256> units{};
+    for (unsigned byte = 0; byte < 256; ++byte)
+        units[byte] = byte >= 0x80 && byte <= 0x9F ? kHigh[byte - 0x80] : static_cast<char16_t>(byte);
+    return units;
+}();
 
 constexpr bool IsSurrogate(char16_t unit) {
     return (unit & 0xF800) == 0xD800;
@@ -64,16 +73,30 @@ std::size_t DecodeUtf8(std::string_view bytes, std::size_t at, int& point) {
     return length;
 }
 
+// How many bytes from at on are ASCII.
+std::size_t LeadingAscii(std::string_view bytes, std::size_t at) {
+    std::size_t end = at;
+    for (std::uint64_t eight; end + 8 <= bytes.size(); end += 8) {
+        std::memcpy(&eight, bytes.data() + end, 8);
+        if (eight & 0x8080808080808080u) break;
+    }
+    while (end < bytes.size() && static_cast<unsigned char>(bytes[end]) < 0x80) ++end;
+    return end - at;
+}
+
 } // namespace
 
 char16_t FromCp1252(unsigned char byte) {
-    return byte >= 0x80 && byte <= 0x9F ? kHigh[byte - 0x80] : static_cast<char16_t>(byte);
+    return kCp1252[byte];
+}
+
+void FromCp1252(std::string_view bytes, char16_t* room) {
+    for (const char byte : bytes) *room++ = kCp1252[static_cast<unsigned char>(byte)];
 }
 
 std::u16string FromCp1252(std::string_view bytes) {
     std::u16string units(bytes.size(), u'\0');
-    for (std::size_t i = 0; i < bytes.size(); ++i)
-        units[i] = FromCp1252(static_cast<unsigned char>(bytes[i]));
+    FromCp1252(bytes, units.data());
     return units;
 }
 
@@ -96,29 +119,39 @@ bool ToCp1252(std::u16string_view units, std::string& bytes) {
 }
 
 std::u16string FromUtf8(std::string_view bytes, std::size_t* invalid) {
-    std::u16string units;
-    units.reserve(bytes.size());
+    std::u16string units(bytes.size(), u'\0');
+    char16_t* to = units.data();
     for (std::size_t at = 0; at < bytes.size();) {
+        const std::size_t ascii = LeadingAscii(bytes, at);
+        for (std::size_t i = 0; i < ascii; ++i) *to++ = static_cast<unsigned char>(bytes[at + i]);
+        at += ascii;
+        if (at == bytes.size()) break;
         int point;
         at += DecodeUtf8(bytes, at, point);
         if (point < 0) {
-            units += kReplacement;
+            *to++ = kReplacement;
             if (invalid) ++*invalid;
         } else if (point < 0x10000) {
-            units += static_cast<char16_t>(point);
+            *to++ = static_cast<char16_t>(point);
         } else {
-            units += static_cast<char16_t>(0xD7C0 + (point >> 10));
-            units += static_cast<char16_t>(0xDC00 + (point & 0x3FF));
+            *to++ = static_cast<char16_t>(0xD7C0 + (point >> 10));
+            *to++ = static_cast<char16_t>(0xDC00 + (point & 0x3FF));
         }
     }
+    units.resize(static_cast<std::size_t>(to - units.data()));
     return units;
 }
 
 std::string ToUtf8(std::u16string_view units, std::size_t* replaced) {
-    std::string bytes;
-    bytes.reserve(units.size() * 3);
+    // Three bytes for each unit at most: a pair of surrogates takes four.
+    std::string bytes(units.size() * 3, '\0');
+    char* to = bytes.data();
     for (std::size_t i = 0; i < units.size(); ++i) {
-        unsigned point = units[i];
+        std::uint32_t point = units[i];
+        if (point < 0x80) {
+            *to++ = static_cast<char>(point);
+            continue;
+        }
         if (IsSurrogate(units[i])) {
             const bool pair = point < 0xDC00 && i + 1 < units.size() && (units[i + 1] & 0xFC00) == 0xDC00;
             if (pair) {
@@ -128,34 +161,36 @@ std::string ToUtf8(std::u16string_view units, std::size_t* replaced) {
                 if (replaced) ++*replaced;
             }
         }
-        if (point < 0x80) {
-            bytes += static_cast<char>(point);
-        } else if (point < 0x800) {
-            bytes += static_cast<char>(0xC0 | (point >> 6));
-            bytes += static_cast<char>(0x80 | (point & 0x3F));
-        } else if (point < 0x10000) {
-            bytes += static_cast<char>(0xE0 | (point >> 12));
-            bytes += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-            bytes += static_cast<char>(0x80 | (point & 0x3F));
+        if (point < 0x800) {
+            *to++ = static_cast<char>(0xC0 | (point >> 6));
         } else {
-            bytes += static_cast<char>(0xF0 | (point >> 18));
-            bytes += static_cast<char>(0x80 | ((point >> 12) & 0x3F));
-            bytes += static_cast<char>(0x80 | ((point >> 6) & 0x3F));
-            bytes += static_cast<char>(0x80 | (point & 0x3F));
+            if (point < 0x10000) {
+                *to++ = static_cast<char>(0xE0 | (point >> 12));
+            } else {
+                *to++ = static_cast<char>(0xF0 | (point >> 18));
+                *to++ = static_cast<char>(0x80 | ((point >> 12) & 0x3F));
+            }
+            *to++ = static_cast<char>(0x80 | ((point >> 6) & 0x3F));
         }
+        *to++ = static_cast<char>(0x80 | (point & 0x3F));
     }
+    bytes.resize(static_cast<std::size_t>(to - bytes.data()));
     return bytes;
 }
 
-bool IsUtf8BeyondAscii(std::string_view bytes) {
-    bool beyond = false;
-    for (std::size_t at = 0; at < bytes.size();) {
+std::size_t ValidUtf8(std::string_view bytes) {
+    for (std::size_t at = 0;;) {
+        at += LeadingAscii(bytes, at);
+        if (at == bytes.size()) return at;
         int point;
-        at += DecodeUtf8(bytes, at, point);
-        if (point < 0) return false;
-        beyond = beyond || point >= 0x80;
+        const std::size_t length = DecodeUtf8(bytes, at, point);
+        if (point < 0) return at;
+        at += length;
     }
-    return beyond;
+}
+
+bool IsUtf8BeyondAscii(std::string_view bytes) {
+    return LeadingAscii(bytes, 0) < bytes.size() && ValidUtf8(bytes) == bytes.size();
 }
 
 std::u16string FromUtf16Le(std::string_view bytes) {

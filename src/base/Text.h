@@ -13,6 +13,8 @@ namespace text {
 // so that all 256 bytes go there and back exactly.
 char16_t FromCp1252(unsigned char byte);
 std::u16string FromCp1252(std::string_view bytes);
+// Into room for as many units as there are bytes.
+void FromCp1252(std::string_view bytes, char16_t* room);
 // The byte of a code unit, or -1 where the code page has none.
 int ToCp1252(char16_t unit);
 // False where a unit has no byte; bytes is then left as it was.
@@ -23,6 +25,8 @@ bool ToCp1252(std::u16string_view units, std::string& bytes);
 std::u16string FromUtf8(std::string_view bytes, std::size_t* invalid = nullptr);
 // Lone surrogates become U+FFFD and are counted in replaced (may be null).
 std::string ToUtf8(std::u16string_view units, std::size_t* replaced = nullptr);
+// Bytes of the longest valid UTF-8 at the start.
+std::size_t ValidUtf8(std::string_view bytes);
 // True for valid UTF-8 with at least one character beyond ASCII.
 bool IsUtf8BeyondAscii(std::string_view bytes);
 
