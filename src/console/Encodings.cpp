@@ -10,12 +10,6 @@
 namespace encodings {
 namespace {
 
-std::u16string PluginFolder() {
-    constexpr std::u16string_view kFolder = u"conversion Plugins";
-    const std::u16string found = files::FindNoCase(files::ProgramFolder(), kFolder);
-    return files::Join(files::ProgramFolder(), found.empty() ? kFolder : std::u16string_view(found));
-}
-
 // A plug-in that ought to be there; its lost file is no unknown name.
 bool IsDescribed(std::u16string_view name) {
     return text::EqualNoCase(name, kDefault);
@@ -46,6 +40,12 @@ int Choose(const Arguments& arguments, std::u16string_view command, Choice& choi
 }
 
 } // namespace
+
+std::u16string PluginFolder() {
+    constexpr std::u16string_view kFolder = u"conversion Plugins";
+    const std::u16string found = files::FindNoCase(files::ProgramFolder(), kFolder);
+    return files::Join(files::ProgramFolder(), found.empty() ? kFolder : std::u16string_view(found));
+}
 
 std::vector<std::u16string> Installed() {
     std::vector<std::u16string> names, files;

@@ -13,8 +13,10 @@ namespace encodings {
 
 inline constexpr std::u16string_view kDefault = u"Bijoy";
 
-// Names of the plug-ins in the folder "conversion Plugins" beside the program, in name order:
-// the files whose names end in "dll" in any case, less the last four characters.
+// "conversion Plugins" beside the program, in the spelling that it has there.
+std::u16string PluginFolder();
+// Names of the plug-ins in that folder, in name order: the files whose names end in "dll" in any case, less
+// the last four characters.
 std::vector<std::u16string> Installed();
 // The plug-in's file, found without regard to case; where there is none, the path it ought to have.
 std::u16string PluginPath(std::u16string_view name);

@@ -97,11 +97,14 @@ Examples:
 constexpr std::u16string_view kList = uR"(Usage: zorvak list
 
 Lists the encodings that can be converted from: the conversion plug-ins in the
-folder "conversion Plugins" beside the program. Each line holds the name, the
-font table and the default font, with TABs between them.
+folder "conversion Plugins" beside the program, each with its font table and
+its default font. Where the output is no terminal, there is no heading and TABs
+stand between the three.
 
 Options:
   --help, -h   show this text
+
+Exit codes: 0 all done, 1 no encoding is installed, 2 wrong usage.
 )";
 
 constexpr std::u16string_view kPlugin = uR"(Usage: zorvak plugin build RULES.txt OUT.dll [--plain]

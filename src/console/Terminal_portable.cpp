@@ -1,10 +1,9 @@
 #include "console/Terminal.h"
 
-#include "base/Text.h"
+#include "base/Files.h"
 
 #include <cerrno>
 #include <csignal>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
@@ -14,10 +13,6 @@ namespace {
 
 int Descriptor(Stream stream) {
     return stream == Stream::Output ? STDOUT_FILENO : STDERR_FILENO;
-}
-
-std::u16string SystemText(int error) {
-    return text::FromUtf8(std::strerror(error));
 }
 
 } // namespace
@@ -48,7 +43,7 @@ bool ReadInput(char* buffer, std::size_t size, std::size_t& got, std::u16string&
         read = ::read(STDIN_FILENO, buffer, size);
     } while (read == -1 && errno == EINTR);
     got = read > 0 ? static_cast<std::size_t>(read) : 0;
-    if (read == -1) failure = SystemText(errno);
+    if (read == -1) failure = files::SystemErrorText(errno);
     return read != -1;
 }
 
@@ -58,25 +53,14 @@ Wrote WriteBytes(Stream stream, std::string_view bytes) {
         if (wrote >= 0) {
             bytes.remove_prefix(static_cast<std::size_t>(wrote));
         } else if (errno != EINTR) {
-            return {false, errno == EPIPE, SystemText(errno)};
+            return {false, errno == EPIPE, files::SystemErrorText(errno)};
         }
     }
     return {};
 }
 
 Wrote WriteText(Stream stream, std::u16string_view units) {
-    std::string bytes;
-    std::size_t from = 0;
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        const bool odd =
-            units[i] >= 0xDC80 && units[i] <= 0xDCFF && (i == 0 || (units[i - 1] & 0xFC00) != 0xD800);
-        if (!odd) continue;
-        bytes += text::ToUtf8(units.substr(from, i - from));
-        bytes += static_cast<char>(units[i] - 0xDC00);
-        from = i + 1;
-    }
-    bytes += text::ToUtf8(units.substr(from));
-    return WriteBytes(stream, bytes);
+    return WriteBytes(stream, files::ToPathBytes(units));
 }
 
 } // namespace terminal

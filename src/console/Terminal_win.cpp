@@ -1,5 +1,6 @@
 #include "console/Terminal.h"
 
+#include "base/Files.h"
 #include "base/Text.h"
 #include "base/win.h"
 
@@ -18,12 +19,9 @@ bool IsConsole(HANDLE handle) {
 }
 
 std::u16string SystemText(DWORD error) {
-    wchar_t buffer[512];
-    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, error,
-                                  0, buffer, 512, nullptr);
-    while (length > 0 && (buffer[length - 1] <= L' ' || buffer[length - 1] == L'.')) --length;
-    if (length == 0) return u"System error code: " + text::Decimal(error);
-    return {reinterpret_cast<const char16_t*>(buffer), length};
+    std::u16string words = files::SystemErrorText(static_cast<int>(error));
+    while (!words.empty() && words.back() <= u' ') words.pop_back();
+    return words;
 }
 
 Wrote Failed(DWORD error) {

@@ -6,6 +6,7 @@
 
 #include "base/Text.h"
 #include "engine/Engine.h"
+#include "engine/PluginFile.h"
 
 #include <cstring>
 
@@ -65,6 +66,10 @@ std::size_t ConvertBlock(Engine& engine, View block, LineEnd cut, OutputEncoding
 
 clsConvert::clsConvert() : m_Engine(std::make_unique<Engine>()) {}
 clsConvert::~clsConvert() = default;
+
+void clsConvert::LoadTable(std::u16string_view path) {
+    LoadText(plugin::ReadPayload(path));
+}
 
 void clsConvert::LoadText(std::u16string_view payload) {
     m_Engine->m_Table.Read(payload);

@@ -35,6 +35,9 @@ public:
     clsConvert(const clsConvert&) = delete;
     clsConvert& operator=(const clsConvert&) = delete;
 
+    // Fills the table from the plug-in file at path. Raises the failures of clsCryptoAPI and
+    // of LoadText.
+    void LoadTable(std::u16string_view path);
     // Fills the table from a payload: reph marker, ya-phala marker, then one rule a line
     // (Find TAB Replace), lines split at CR LF. Raises failure 9 for a damaged payload; what
     // was read before the fault stays.
