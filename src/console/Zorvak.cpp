@@ -6,6 +6,7 @@
 #include "console/Arguments.h"
 #include "console/Help.h"
 #include "console/Terminal.h"
+#include "console/cmdText.h"
 
 #include <new>
 
@@ -32,6 +33,7 @@ struct Command {
 
 constexpr Command kCommands[] = {
     {u"help", RunHelp},
+    {u"text", RunText},
 };
 
 int Run(const Strings& given) {
