@@ -6,7 +6,8 @@
 
 #include "base/Text.h"
 #include "engine/Engine.h"
-#include "engine/PluginFile.h"
+#include "engine/PassPhrase.h"
+#include "engine/clsCryptoAPI.h"
 
 #include <cstring>
 
@@ -64,11 +65,23 @@ std::size_t ConvertBlock(Engine& engine, View block, LineEnd cut, OutputEncoding
 
 } // namespace
 
-clsConvert::clsConvert() : m_Engine(std::make_unique<Engine>()) {}
-clsConvert::~clsConvert() = default;
+clsConvert::clsConvert() : clsConvert(SystemCryptoOperations()) {}
+
+clsConvert::clsConvert(CryptoOperations operations)
+    : m_Crypto(std::make_unique<clsCryptoAPI>(std::move(operations))), m_Engine(std::make_unique<Engine>()) {
+    m_Crypto->SessionStart();
+}
+
+clsConvert::~clsConvert() {
+    m_Crypto->SessionEnd();
+}
+
+std::u16string clsConvert::BuildPassPhrase() const {
+    return AssemblePassPhrase();
+}
 
 void clsConvert::LoadTable(std::u16string_view path) {
-    LoadText(plugin::ReadPayload(path));
+    LoadText(m_Crypto->DecryptFileTEXT(path, BuildPassPhrase()));
 }
 
 void clsConvert::LoadText(std::u16string_view payload) {

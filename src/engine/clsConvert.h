@@ -12,6 +12,8 @@
 #include <string_view>
 
 class Engine;
+class clsCryptoAPI;
+struct CryptoOperations;
 
 // What ends a line of a block. Lf: LF, with a CR in front of it if there is one. CrLf: CR LF
 // and nothing else. Either is kept as it stood and never reaches the conversion.
@@ -30,13 +32,15 @@ using OnLineFailure = std::function<bool(const LineFailure&)>;
 
 class clsConvert {
 public:
+    // Opens a session of the cryptographic service; its failure is raised.
     clsConvert();
+    explicit clsConvert(CryptoOperations operations);
     ~clsConvert();
     clsConvert(const clsConvert&) = delete;
     clsConvert& operator=(const clsConvert&) = delete;
 
-    // Fills the table from the plug-in file at path. Raises the failures of clsCryptoAPI and
-    // of LoadText.
+    // Decrypts the plug-in at path and fills the table from it. Raises the failures of
+    // clsCryptoAPI and those of LoadText.
     void LoadTable(std::u16string_view path);
     // Fills the table from a payload: reph marker, ya-phala marker, then one rule a line
     // (Find TAB Replace), lines split at CR LF. Raises failure 9 for a damaged payload; what
@@ -59,5 +63,8 @@ public:
                              OutputBuffer& output, const OnLineFailure& onFailure);
 
 private:
+    std::u16string BuildPassPhrase() const;
+
+    std::unique_ptr<clsCryptoAPI> m_Crypto;
     std::unique_ptr<Engine> m_Engine;
 };
