@@ -1,4 +1,4 @@
-// Tested by tests/unit/console/zorvak_test.cpp and tests/cli.
+// Tested by tests/cli/test_program.py.
 
 #include "console/Zorvak.h"
 
@@ -26,41 +26,36 @@ int RunHelp(const Strings& given) {
     return kExitDone;
 }
 
+int RunProgramHelp(const Strings&) {
+    return RunHelp({});
+}
+
+int RunVersion(const Strings&) {
+    const std::string_view version = ZC_VERSION;
+    terminal::Print(u"zorvak " + std::u16string(version.begin(), version.end()) + u"\n");
+    return kExitDone;
+}
+
 struct Command {
     std::u16string_view name;
     int (*run)(const Strings& arguments);
+    // What is printed is all that the command is for; where false, it reports on files made.
+    bool outputIsTheWork = true;
 };
 
 constexpr Command kCommands[] = {
-    {u"help", RunHelp},
     {u"text", RunText},
+    {u"help", RunHelp},
+    {u"--help", RunProgramHelp},
+    {u"-h", RunProgramHelp},
+    {u"/?", RunProgramHelp},
+    {u"--version", RunVersion},
 };
 
-int Run(const Strings& given) {
-    if (given.empty()) {
-        terminal::PrintErrorText(help::ShortUsage());
-        return kExitUsage;
-    }
-    const std::u16string& name = given[0];
-    const Strings rest(given.begin() + 1, given.end());
-    if (name == u"--version") {
-        const std::string_view version = ZC_VERSION;
-        terminal::Print(u"zorvak " + std::u16string(version.begin(), version.end()) + u"\n");
-        return kExitDone;
-    }
-    if (name == u"--help" || name == u"-h") return RunHelp({});
-    for (const Command& command : kCommands)
-        if (command.name == name) return command.run(rest);
-    return terminal::UsageError(u"", (name.substr(0, 1) == u"-" ? u"unknown option " : u"unknown command ") +
-                                         name);
-}
-
-} // namespace
-
-int RunZorvak(const std::vector<std::u16string>& arguments) {
+int Run(const Command& command, const Strings& arguments) {
     int code;
     try {
-        code = Run(arguments);
+        code = command.run(arguments);
     } catch (const RuntimeFailure& failure) {
         terminal::PrintError(terminal::FailureText(failure));
         code = kExitFatal;
@@ -70,6 +65,22 @@ int RunZorvak(const std::vector<std::u16string>& arguments) {
     }
     terminal::ClearProgress();
     if (!terminal::OutputLost()) return code;
-    if (!terminal::OutputClosed()) terminal::PrintError(u"standard output: " + terminal::OutputFailure());
-    return code == kExitDone ? kExitFatal : code;
+    if (terminal::OutputClosed()) return code == kExitDone && command.outputIsTheWork ? kExitFatal : code;
+    terminal::PrintError(u"standard output: " + terminal::OutputFailure());
+    if (code != kExitDone) return code;
+    return command.outputIsTheWork ? kExitFatal : kExitFailed;
+}
+
+} // namespace
+
+int RunZorvak(const std::vector<std::u16string>& arguments) {
+    if (arguments.empty()) {
+        terminal::PrintErrorText(help::ShortUsage());
+        return kExitUsage;
+    }
+    const std::u16string& name = arguments[0];
+    for (const Command& command : kCommands)
+        if (command.name == name) return Run(command, Strings(arguments.begin() + 1, arguments.end()));
+    const bool isOption = name.substr(0, 1) == u"-";
+    return terminal::UsageError(u"", (isOption ? u"unknown option '" : u"unknown command '") + name + u"'");
 }
