@@ -6,6 +6,7 @@
 #include "console/Arguments.h"
 #include "console/Help.h"
 #include "console/Terminal.h"
+#include "console/cmdPlugin.h"
 #include "console/cmdText.h"
 
 #include <new>
@@ -45,6 +46,7 @@ struct Command {
 
 constexpr Command kCommands[] = {
     {u"text", RunText},
+    {u"plugin", RunPlugin},
     {u"help", RunHelp},
     {u"--help", RunProgramHelp},
     {u"-h", RunProgramHelp},
