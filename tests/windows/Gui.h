@@ -52,4 +52,8 @@ void Click(POINT screen);    // move, left down, left up
 void Key(WORD key, bool up);
 void Type(WORD key); // down and up
 
+// Runs one case of this program, which may be a disabled one, in a process of its own and
+// gives that process's exit code; -1 where it cannot be started or goes on for 30 seconds.
+int RunCase(const std::string& name);
+
 } // namespace gui
