@@ -5,6 +5,21 @@ set(face_resources "${CMAKE_SOURCE_DIR}/res/face.rc")
 set_property(SOURCE "${face_resources}" APPEND PROPERTY
   OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/res/face.manifest")
 
+# Window shapes: region data made from the lists of rectangles in data/shapes.
+find_package(Python3 REQUIRED COMPONENTS Interpreter)
+set(shape_dir "${CMAKE_BINARY_DIR}/shapes")
+file(MAKE_DIRECTORY "${shape_dir}")
+file(GLOB shapes CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/data/shapes/*.tsv")
+foreach(source IN LISTS shapes)
+  get_filename_component(name "${source}" NAME_WE)
+  set(block "${shape_dir}/${name}.bin")
+  add_custom_command(OUTPUT "${block}"
+    COMMAND "${Python3_EXECUTABLE}" "${CMAKE_SOURCE_DIR}/tools/make-shape.py" "${source}" "${block}"
+    DEPENDS "${source}" "${CMAKE_SOURCE_DIR}/tools/make-shape.py" VERBATIM)
+  set_property(SOURCE "${face_resources}" APPEND PROPERTY OBJECT_DEPENDS "${block}")
+endforeach()
+set_property(SOURCE "${face_resources}" APPEND PROPERTY INCLUDE_DIRECTORIES "${shape_dir}")
+
 # tests/windows/x_test.cpp becomes the program windows_x. The windows of a session share
 # focus, mouse and clipboard: one program at a time.
 if(gtest_found)
@@ -15,6 +30,7 @@ if(gtest_found)
   add_library(window_driver OBJECT ${window_driver} "${face_resources}")
   target_include_directories(window_driver PUBLIC "${CMAKE_SOURCE_DIR}/tests")
   target_link_libraries(window_driver PUBLIC face gtest)
+  target_compile_definitions(window_driver PUBLIC ZC_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   add_custom_target(windows_tests)
   foreach(source IN LISTS window_tests)
     get_filename_component(name "${source}" NAME_WE)
