@@ -48,6 +48,16 @@ if(EXISTS "${CMAKE_SOURCE_DIR}/data/Plugin.INI")
   zc_copy("${CMAKE_SOURCE_DIR}/data/Plugin.INI" "${data_dir}/Plugin.INI")
 endif()
 
+if(WIN32)
+  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  set(sounds "${data_dir}/Over.wav" "${data_dir}/click.wav" "${data_dir}/Complete.wav")
+  add_custom_command(OUTPUT ${sounds}
+    COMMAND "${Python3_EXECUTABLE}" "${CMAKE_SOURCE_DIR}/tools/make-sounds.py" "${data_dir}"
+    DEPENDS "${CMAKE_SOURCE_DIR}/tools/make-sounds.py" VERBATIM)
+  add_custom_target(sounds DEPENDS ${sounds})
+  list(APPEND made ${sounds})
+endif()
+
 if(CMAKE_CROSSCOMPILING)
   zc_copy("${CMAKE_SOURCE_DIR}/LICENSE" "${data_dir}/LICENSE.txt")
   add_custom_command(OUTPUT "${data_dir}/zorvak.exe"
