@@ -13,6 +13,9 @@ enum class MessageIcon { Exclamation, Stop, Information };
 // A plain struct of functions. Whoever starts a job fills in all that the job calls; the
 // defaults do nothing.
 struct JobHost {
+    // Lock and unlock all that could start a second job or close the window.
+    std::function<void()> ProgressStart = [] {};
+    std::function<void()> ProgressFinish = [] {};
     // Sets the status line.
     std::function<void(std::u16string_view)> Status = [](std::u16string_view) {};
     // Set the bar. The form scales them down beyond the bar's own 16 bits.
@@ -26,6 +29,10 @@ struct JobHost {
     // Shows a message box. An empty title stands for the application's.
     std::function<void(MessageIcon, std::u16string_view title, std::u16string_view text)> Message =
         [](MessageIcon, std::u16string_view, std::u16string_view) {};
+    // Asks for the database password; false where the user cancelled.
+    std::function<bool(std::u16string& password)> AskPassword = [](std::u16string&) { return false; };
+    // The text that the clipboard task works on.
+    std::function<std::u16string()> ReadPaste = [] { return std::u16string(); };
     // The completion sound, by the settings; seconds since the job began.
     std::function<void(double seconds)> PlayDone = [](double) {};
     // Told once per item: what came of it. output is empty where none was written; failure
