@@ -6,6 +6,7 @@
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
 #include "console/Terminal.h"
+#include "engine/PluginPath.h"
 
 namespace encodings {
 namespace {
@@ -35,16 +36,14 @@ int Choose(const Arguments& arguments, std::u16string_view command, Choice& choi
         if (text::EqualNoCase(name, asked) && (choice.name.empty() || name == asked)) choice.name = name;
     if (choice.name.empty() && !IsDescribed(asked)) return UnknownName(command, asked);
     if (choice.name.empty()) choice.name = asked;
-    choice.path = PluginPath(choice.name);
+    choice.path = PluginPath(files::ProgramFolder(), choice.name);
     return kExitDone;
 }
 
 } // namespace
 
 std::u16string PluginFolder() {
-    constexpr std::u16string_view kFolder = u"conversion Plugins";
-    const std::u16string found = files::FindNoCase(files::ProgramFolder(), kFolder);
-    return files::Join(files::ProgramFolder(), found.empty() ? kFolder : std::u16string_view(found));
+    return files::ParentFolder(PluginPath(files::ProgramFolder(), {}));
 }
 
 std::vector<std::u16string> Installed() {
@@ -54,12 +53,6 @@ std::vector<std::u16string> Installed() {
         if (file.size() > 4 && text::EqualNoCase(std::u16string_view(file).substr(file.size() - 3), u"dll"))
             names.push_back(file.substr(0, file.size() - 4));
     return names;
-}
-
-std::u16string PluginPath(std::u16string_view name) {
-    const std::u16string folder = PluginFolder(), file = std::u16string(name) + u".dll";
-    const std::u16string found = files::FindNoCase(folder, file);
-    return files::Join(folder, found.empty() ? file : found);
 }
 
 int LoadChosen(const Arguments& arguments, std::u16string_view command, clsConvert& converter,

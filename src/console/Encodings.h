@@ -18,9 +18,6 @@ std::u16string PluginFolder();
 // Names of the plug-ins in that folder, in name order: the files whose names end in "dll" in any case, less
 // the last four characters.
 std::vector<std::u16string> Installed();
-// The plug-in's file, found without regard to case; where there is none, the path it ought to have.
-std::u16string PluginPath(std::u16string_view name);
-
 // The plug-in that the options `from` and `plugin` choose, by default kDefault.
 struct Choice {
     std::u16string name; // as it is installed; empty where `plugin` names the file

@@ -6,6 +6,7 @@
 #include "console/Arguments.h"
 #include "console/Help.h"
 #include "console/Terminal.h"
+#include "console/cmdConvert.h"
 #include "console/cmdPlugin.h"
 #include "console/cmdText.h"
 
@@ -45,13 +46,10 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {u"text", RunText},
-    {u"plugin", RunPlugin},
-    {u"help", RunHelp},
-    {u"--help", RunProgramHelp},
-    {u"-h", RunProgramHelp},
-    {u"/?", RunProgramHelp},
-    {u"--version", RunVersion},
+    {u"convert", RunConvert, false}, {u"text", RunText},
+    {u"plugin", RunPlugin},          {u"help", RunHelp},
+    {u"--help", RunProgramHelp},     {u"-h", RunProgramHelp},
+    {u"/?", RunProgramHelp},         {u"--version", RunVersion},
 };
 
 int Run(const Command& command, const Strings& arguments) {

@@ -23,8 +23,8 @@ EXAMPLE_RULES = [("kh", "\u0996"), ("k", "\u0995"), ("a", "\u09be"), ("e", "\u09
 EXAMPLE_LEGACY = "ek^a k*~a Aa r~"
 EXAMPLE_UNICODE = ("\u09b0\u09cd\u0995\u09cb \u0995\u09cd\u09af\u09be\u0981 \u0986 "
                    "\u09b0\u200c\u09cd\u09af")
-# A reph marker with no letter in front of it: the scan runs off the line, failure 5.
-FAILING_LINE = "^a"
+# A reph marker with nothing but a sign in front of it: the scan runs off the line, failure 5.
+FAILING_LINE = "a^"
 
 
 def plain_table(rules, reph="\ue001", ya_phala="\ue002"):
