@@ -17,7 +17,7 @@ DWORD* Raw(Dword& value) {
     return reinterpret_cast<DWORD*>(&value);
 }
 
-ULONG_PTR* Raw(Handle& handle) {
+ULONG_PTR* RawHandle(Handle& handle) {
     return reinterpret_cast<ULONG_PTR*>(&handle);
 }
 
@@ -29,7 +29,7 @@ CryptoOperations SystemCryptoOperations() {
 
     o.CryptAcquireContextA = [](Handle& provider, const char* container, const char* name, Dword type,
                                 Dword flags) {
-        return CryptAcquireContextA(Raw(provider), container, name, type, flags) != FALSE;
+        return CryptAcquireContextA(RawHandle(provider), container, name, type, flags) != FALSE;
     };
     o.CryptReleaseContext = [](Handle provider, Dword flags) {
         return CryptReleaseContext(provider, flags) != FALSE;
@@ -39,7 +39,7 @@ CryptoOperations SystemCryptoOperations() {
     };
 
     o.CryptCreateHash = [](Handle provider, Dword algorithm, Handle key, Dword flags, Handle& hash) {
-        return CryptCreateHash(provider, algorithm, key, flags, Raw(hash)) != FALSE;
+        return CryptCreateHash(provider, algorithm, key, flags, RawHandle(hash)) != FALSE;
     };
     o.CryptHashData = [](Handle hash, const Byte* bytes, Dword length, Dword flags) {
         return CryptHashData(hash, bytes, length, flags) != FALSE;
@@ -50,7 +50,7 @@ CryptoOperations SystemCryptoOperations() {
     o.CryptDestroyHash = [](Handle hash) { return CryptDestroyHash(hash) != FALSE; };
 
     o.CryptDeriveKey = [](Handle provider, Dword algorithm, Handle hash, Dword flags, Handle& key) {
-        return CryptDeriveKey(provider, algorithm, hash, flags, Raw(key)) != FALSE;
+        return CryptDeriveKey(provider, algorithm, hash, flags, RawHandle(key)) != FALSE;
     };
     o.CryptSetKeyParam = [](Handle key, Dword parameter, const Byte* bytes, Dword flags) {
         return CryptSetKeyParam(key, parameter, bytes, flags) != FALSE;
@@ -68,10 +68,10 @@ CryptoOperations SystemCryptoOperations() {
     o.CryptDestroyKey = [](Handle key) { return CryptDestroyKey(key) != FALSE; };
 
     o.CryptGenKey = [](Handle provider, Dword algorithm, Dword flags, Handle& key) {
-        return CryptGenKey(provider, algorithm, flags, Raw(key)) != FALSE;
+        return CryptGenKey(provider, algorithm, flags, RawHandle(key)) != FALSE;
     };
     o.CryptGetUserKey = [](Handle provider, Dword keySpec, Handle& key) {
-        return CryptGetUserKey(provider, keySpec, Raw(key)) != FALSE;
+        return CryptGetUserKey(provider, keySpec, RawHandle(key)) != FALSE;
     };
     o.CryptExportKey = [](Handle key, Handle wrapKey, Dword blobType, Dword flags, Byte* bytes,
                           Dword& length) {
@@ -79,7 +79,7 @@ CryptoOperations SystemCryptoOperations() {
     };
     o.CryptImportKey = [](Handle provider, const Byte* bytes, Dword length, Handle wrapKey, Dword flags,
                           Handle& key) {
-        return CryptImportKey(provider, bytes, length, wrapKey, flags, Raw(key)) != FALSE;
+        return CryptImportKey(provider, bytes, length, wrapKey, flags, RawHandle(key)) != FALSE;
     };
     o.CryptSignHashA = [](Handle hash, Dword keySpec, const char* description, Dword flags, Byte* bytes,
                           Dword& length) {
