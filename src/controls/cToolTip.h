@@ -1,0 +1,74 @@
+// A balloon or plain tip of one control, also while that is disabled.
+#pragma once
+
+#include "controls/ISubclass.h"
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+class cToolTip final : public ISubclass {
+public:
+    static constexpr std::uint32_t kDefaultColour = 0xFFFFFFFF;
+
+    cToolTip() = default;
+    ~cToolTip(); // takes the tip away
+    cToolTip(const cToolTip&) = delete;
+    cToolTip& operator=(const cToolTip&) = delete;
+
+    // Gives the control its tip, in the place of one that this object made before. Text: a
+    // "|" breaks the line. Style: bits of the system's tips (1 always, 64 balloon). Icon: 0
+    // none, 1 information, 2 warning, 3 error; it shows beside a title only. Colours: &H00BBGGRR,
+    // a system colour (0x80000000 and its index, followed when it changes) or kDefaultColour.
+    // Times in milliseconds, -1 for the system's. False where control is no window.
+    bool Create(HWND control, std::u16string_view text, int style, bool centered, int icon,
+                std::u16string_view title, std::uint32_t foreColour, std::uint32_t backColour, int popupTime,
+                int hoverTime);
+
+    // A change shows at once.
+    const std::u16string& Text() const { return m_Text; }
+    void Text(std::u16string_view text);
+    const std::u16string& Title() const { return m_Title; }
+    void Title(std::u16string_view title);
+    int Style() const { return m_Style; }
+    void Style(int style);
+    int Icon() const { return m_Icon; }
+    void Icon(int icon);
+    bool Centered() const { return m_Centered; }
+    void Centered(bool centered);
+    std::uint32_t ForeCol() const { return m_ForeColour; }
+    void ForeCol(std::uint32_t colour);
+    std::uint32_t BackCol() const { return m_BackColour; }
+    void BackCol(std::uint32_t colour);
+    int HoverTime() const { return m_HoverTime; } // until it shows
+    void HoverTime(int milliseconds);
+    int PopupTime() const { return m_PopupTime; } // until it goes
+    void PopupTime(int milliseconds);
+
+    // What Create was given.
+    const std::u16string& InitialText() const { return m_InitialText; }
+    const std::u16string& InitialTitle() const { return m_InitialTitle; }
+
+    HWND hWnd() const { return m_Tip; } // the tip's own window; null without one
+
+    // ISubclass, for MSubclass only.
+    int MsgResponse() override { return kClientFirst; }
+    void MsgResponse(int) override {}
+    LRESULT WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) override;
+
+private:
+    void Remove();
+    void AddTool(HWND window, RECT place);
+    void ShowText();
+    void ShowTitle();
+    void ShowColours();
+    void ShowTimes();
+    void FollowParent(UINT message, WPARAM wParam, LPARAM lParam);
+
+    HWND m_Tip = nullptr, m_Control = nullptr, m_Parent = nullptr;
+    RECT m_PlaceInParent{}; // where the parent's tool is; empty while the mouse is elsewhere
+    std::u16string m_Text, m_Title, m_InitialText, m_InitialTitle;
+    int m_Style = 0, m_Icon = 0, m_PopupTime = -1, m_HoverTime = -1;
+    bool m_Centered = false;
+    std::uint32_t m_ForeColour = kDefaultColour, m_BackColour = kDefaultColour;
+};
