@@ -50,6 +50,11 @@ void Split(std::string& bytes, std::u16string& trailer) {
     bytes.resize(last - length);
 }
 
+std::uint32_t Length(std::string_view bytes) {
+    if (bytes.size() > UINT32_MAX) throw RuntimeFailure(kOverflow, kSource);
+    return static_cast<std::uint32_t>(bytes.size());
+}
+
 std::string ToAnsi(std::u16string_view units) {
     std::string bytes(units.size(), '?');
     for (std::size_t i = 0; i < units.size(); ++i)

@@ -2,6 +2,7 @@
 // key or signature), then the trailer's length as the last byte.
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -18,6 +19,9 @@ std::string Join(std::string_view content, std::string_view trailer);
 // Takes bytes apart: the trailer goes to trailer, the content stays in bytes. Failure 9
 // where bytes is empty, too short for the trailer that it announces, or without content.
 void Split(std::string& bytes, std::u16string& trailer);
+
+// The number of bytes as CryptoAPI counts them, in 32 bits. Failure 6 where there are more.
+std::uint32_t Length(std::string_view bytes);
 
 // Bytes of the ANSI code page; a unit that has none becomes '?'.
 std::string ToAnsi(std::u16string_view units);

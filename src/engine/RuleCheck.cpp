@@ -24,9 +24,6 @@ constexpr std::size_t kLongestSearched = 64;
 // Pairs of rules looked at before a hostile table is given up on.
 constexpr std::size_t kMostPairs = 20'000'000;
 
-std::u16string Quoted(View units) {
-    return u"'" + rulesource::ShowText(units) + u"'";
-}
 std::u16string LineOf(std::size_t line) {
     return u"line " + text::Decimal(static_cast<long long>(line));
 }
@@ -106,13 +103,15 @@ public:
 private:
     void Warn(std::size_t line, std::u16string text) { m_Messages.push_back({line, false, std::move(text)}); }
 
+    std::u16string Quoted(View units) const { return u"'" + rulesource::ShowText(units, &m_Table) + u"'"; }
+
     void CheckMarker(const Table::Marker& marker, View name) {
         if (marker.text.empty()) return;
         const std::u16string the = u"the " + std::u16string(name) + u" marker ";
         if (marker.text.size() > 1)
             Warn(marker.line, the + u"is longer than one 16-bit unit; the scans for clusters do not know it");
         if (std::none_of(marker.text.begin(), marker.text.end(), IsPrivate))
-            Warn(marker.line, the + Quoted(marker.text) +
+            Warn(marker.line, the + u"'" + rulesource::ShowText(marker.text) + u"'" +
                                   u" occurs in ordinary text; take a private character such as U+E001");
         for (const Table::Rule& rule : m_Table.rules)
             if (rule.find.find(marker.text) != View::npos) Warn(rule.line, the + u"stands in a Find text");

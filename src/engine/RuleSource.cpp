@@ -102,7 +102,8 @@ public:
         if (m_Table.reph.line == 0) Error(0, u"no reph marker: write 'reph = U+E001' under [markers]");
         if (m_Table.yaPhala.line == 0)
             Error(0, u"no ya-phala marker: write 'ya-phala = U+E002' under [markers]");
-        if (m_Table.rules.empty()) Error(0, u"no rule");
+        // Behind other mistakes that is no news.
+        if (m_Table.rules.empty() && m_Messages.empty()) Error(0, u"no rule");
         std::stable_sort(m_Messages.begin(), m_Messages.end(),
                          [](const Message& a, const Message& b) { return a.line < b.line; });
     }

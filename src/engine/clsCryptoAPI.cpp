@@ -135,7 +135,7 @@ std::u16string clsCryptoAPI::CipherWithPassword(std::u16string_view text, std::u
         Fail(u"DLL error code shown above. Could not set the SALT.");
 
     std::string bytes = container::ToAnsi(text);
-    Dword length = static_cast<Dword>(bytes.size());
+    Dword length = container::Length(bytes);
     if (encrypting) {
         if (!m_Operations.CryptEncrypt(m_hSessionKey, 0, true, 0, BytesOf(bytes), length, length))
             Fail(u"DLL error code shown above. Error during CryptEncrypt.");

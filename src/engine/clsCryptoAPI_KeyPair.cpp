@@ -126,7 +126,7 @@ std::string clsCryptoAPI::DecryptByteArray_KeyPair(std::string bytes) {
 
 std::u16string clsCryptoAPI::CipherWithKeyPair(std::u16string_view text, bool encrypting) {
     std::string bytes = container::ToAnsi(text);
-    Dword length = static_cast<Dword>(bytes.size());
+    Dword length = container::Length(bytes);
     Handle userKey = 0;
     Handle sessionKey = 0;
     if (encrypting) {
