@@ -1,5 +1,7 @@
 #include "windows/Gui.h"
 
+#include "controls/Form.h"
+
 #include <exception>
 #include <future>
 #include <stdexcept>
@@ -54,6 +56,7 @@ UiThread::UiThread() {
         made.set_value(jobs);
         MSG message;
         while (GetMessageW(&message, nullptr, 0, 0) > 0) {
+            if (Forms::Filter(message)) continue;
             TranslateMessage(&message);
             DispatchMessageW(&message);
         }

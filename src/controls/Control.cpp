@@ -1,0 +1,228 @@
+// What controls have in common: creation from a layout row, place, state, focus. The window
+// procedure is in ControlWindow.cpp.
+#include "controls/Control.h"
+
+#include "base/RuntimeFailure.h"
+#include "base/Text.h"
+#include "controls/Caption.h"
+#include "controls/Dpi.h"
+#include "controls/Form.h"
+
+Control::~Control() {
+    m_Life.reset();
+    DestroyWindowNow();
+    if (m_Form) m_Form->Forget(*this);
+    Disconnect(m_Accessible);
+}
+
+void Control::Create(Form& form, Control* container, const LayoutRow& row) {
+    m_Form = &form;
+    m_Container = container;
+    m_Name = row.Name;
+    m_Index = row.Index;
+    m_Caption = row.Caption;
+    m_Left = row.Left;
+    m_Top = row.Top;
+    m_Width = row.Width;
+    m_Height = row.Height;
+    m_TabIndex = row.TabIndex;
+    m_Font = UiFont();
+    if (m_Kind->HasWindow) MakeWindow();
+    if (m_Kind->Created) m_Kind->Created(m_Owner);
+    for (const auto& [name, value] : row.Properties) ApplyProperty(name, value);
+}
+
+void Control::ApplyProperty(std::u16string_view name, std::u16string_view value) {
+    if (m_Kind->Property && m_Kind->Property(m_Owner, name, value)) return;
+    if (name == u"Font")
+        Font(DesignFont(value));
+    else if (name == u"Visible")
+        Visible(ParseYesNo(value));
+    else if (name == u"Enabled")
+        Enabled(ParseYesNo(value));
+    else if (name == u"Tag")
+        Tag(value);
+    else if (name == u"ToolTipText")
+        m_DesignTip = m_ToolTipText = value;
+    else if (name == u"AccessibleName")
+        AccessibleName(value);
+    else
+        throw RuntimeFailure(kTypeMismatch, FullName(), u"No property " + std::u16string(name));
+}
+
+std::u16string Control::FullName() const {
+    return m_Index < 0 ? m_Name : m_Name + u"(" + text::Decimal(m_Index) + u")";
+}
+
+void Control::Move(int left, int top, int width, int height) {
+    const bool sized = width != m_Width || height != m_Height;
+    m_Left = left;
+    m_Top = top;
+    m_Width = width;
+    m_Height = height;
+    if (!m_hWnd) return;
+    PlaceWindow();
+    if (sized) Tell(Change::Size);
+}
+
+void Control::PlaceWindow() {
+    const RECT pixels = ToPixels(m_Left, m_Top, m_Width, m_Height, Dpi());
+    if (m_Kind->Place)
+        m_Kind->Place(m_Owner, pixels);
+    else
+        SetWindowPos(m_hWnd, nullptr, pixels.left, pixels.top, pixels.right - pixels.left,
+                     pixels.bottom - pixels.top, SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+}
+
+void Control::Visible(bool visible) {
+    if (visible == m_Visible) return;
+    m_Visible = visible;
+    if (!m_hWnd) return;
+    const bool hadFocus = !visible && HasFocus();
+    ShowWindow(m_hWnd, visible ? SW_SHOWNA : SW_HIDE);
+    Notify(visible ? EVENT_OBJECT_SHOW : EVENT_OBJECT_HIDE);
+    if (hadFocus) m_Form->FocusNext(*this);
+}
+
+void Control::Enabled(bool enabled) {
+    if (enabled == m_Enabled) return;
+    m_Enabled = enabled;
+    if (!m_hWnd) return;
+    const bool hadFocus = !enabled && HasFocus();
+    EnableWindow(m_hWnd, enabled);
+    if (m_Form) m_Form->TellInside(*this, Change::Enabled);
+    Notify(EVENT_OBJECT_STATECHANGE);
+    if (hadFocus) m_Form->FocusNext(*this);
+}
+
+void Control::Caption(std::u16string_view caption) {
+    if (caption == m_Caption) return;
+    m_Caption = caption;
+    if (!m_hWnd) return;
+    SetWindowTextW(m_hWnd, Wide(m_Caption));
+    Tell(Change::Caption);
+    Notify(EVENT_OBJECT_NAMECHANGE);
+}
+
+void Control::Font(const ::Font& font) {
+    if (font == m_Font) return;
+    m_Font = font;
+    FontChanged();
+    Tell(Change::Font);
+}
+
+// A system control holds the old font until it has been given the new one.
+void Control::FontChanged() {
+    const FontHandle old = std::move(m_FontHandle);
+    if (m_hWnd && m_Kind->WindowClass)
+        SendMessageW(m_hWnd, WM_SETFONT, reinterpret_cast<WPARAM>(FontInUse()), FALSE);
+}
+
+HFONT Control::FontInUse() {
+    if (!m_FontHandle) m_FontHandle = FontHandle(m_Font, Dpi());
+    return m_FontHandle.Get();
+}
+
+void Control::ZOrder(int position) {
+    SetWindowPos(m_hWnd, position == 0 ? HWND_TOP : HWND_BOTTOM, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    Notify(EVENT_OBJECT_REORDER);
+}
+
+void Control::SetFocus() {
+    if (m_hWnd) ::SetFocus(m_hWnd);
+}
+
+bool Control::HasFocus() const {
+    const HWND focus = GetFocus();
+    return m_hWnd && focus && (focus == m_hWnd || IsChild(m_hWnd, focus));
+}
+
+void Control::Invalidate() {
+    if (m_hWnd) InvalidateRect(m_hWnd, nullptr, FALSE);
+}
+
+void Control::Refresh() {
+    if (m_hWnd) RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_UPDATENOW);
+}
+
+bool Control::EnabledInAll() const {
+    for (const Control* control = this; control; control = control->m_Container) {
+        if (!control->m_Enabled) return false;
+    }
+    return true;
+}
+
+bool Control::Covered() const {
+    for (const Control* held = this; held && held->m_Container; held = held->m_Container) {
+        if (!held->m_Kind->Container) continue;
+        RECT own;
+        GetWindowRect(held->m_hWnd, &own);
+        for (HWND above = GetWindow(held->m_hWnd, GW_HWNDPREV); above;
+             above = GetWindow(above, GW_HWNDPREV)) {
+            const Control* sibling = FromWindow(above);
+            if (!sibling || !sibling->m_Visible || !sibling->m_Kind->Container) continue;
+            RECT cover, both;
+            GetWindowRect(above, &cover);
+            if (IntersectRect(&both, &own, &cover) && EqualRect(&both, &own)) return true;
+        }
+    }
+    return false;
+}
+
+bool Control::Usable() const {
+    if (!m_hWnd || !EnabledInAll()) return false;
+    for (const Control* control = this; control->m_Container; control = control->m_Container) {
+        if (!control->m_Visible) return false;
+    }
+    return !Covered();
+}
+
+int Control::Dpi() const {
+    return m_Form ? m_Form->Dpi() : 96;
+}
+int Control::Pixels(int twips) const {
+    return ToPixels(twips, Dpi());
+}
+int Control::Scaled(int pixels96) const {
+    return ::Scaled(pixels96, Dpi());
+}
+int Control::HairLine() const {
+    return ::HairLine(Dpi());
+}
+
+void Control::PaintBehind(HDC dc) {
+    if (!m_Container) return;
+    RECT client, behind;
+    GetClientRect(m_hWnd, &client);
+    GetClientRect(m_Container->m_hWnd, &behind);
+    POINT at{0, 0};
+    MapWindowPoints(m_hWnd, m_Container->m_hWnd, &at, 1);
+    const int state = SaveDC(dc);
+    IntersectClipRect(dc, client.left, client.top, client.right, client.bottom);
+    OffsetViewportOrgEx(dc, -at.x, -at.y, nullptr);
+    if (m_Container->m_Kind->Ground)
+        m_Container->m_Kind->Ground(m_Container->m_Owner, dc, behind);
+    else
+        m_Container->PaintBehind(dc);
+    RestoreDC(dc, state);
+}
+
+std::u16string Control::SpokenName() const {
+    if (!m_AccessibleName.empty()) return m_AccessibleName;
+    if (m_Kind->TakesLabel) {
+        if (m_Label) return WithoutAmpersand(m_Label->m_Caption);
+    } else if (!m_Caption.empty()) {
+        return WithoutAmpersand(m_Caption);
+    }
+    return m_DesignTip;
+}
+
+void Control::Notify(DWORD event, int child) const {
+    if (m_hWnd) NotifyWinEvent(event, m_hWnd, OBJID_CLIENT, child);
+}
+
+void Control::Tell(Change what) {
+    Invalidate();
+    if (m_Kind->Changed) m_Kind->Changed(m_Owner, what);
+}

@@ -1,0 +1,131 @@
+#include "controls/Font.h"
+
+#include "base/RuntimeFailure.h"
+#include "base/Text.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace {
+
+int CALLBACK FoundFamily(const LOGFONTW*, const TEXTMETRICW*, DWORD, LPARAM found) {
+    *reinterpret_cast<bool*>(found) = true;
+    return 0;
+}
+
+// Asked once per run for the faces of the design: installing fonts needs a restart anyway.
+bool HaveUiFace() {
+    static const bool have = IsInstalled(u"Segoe UI");
+    return have;
+}
+bool HaveSemibold() {
+    static const bool have = IsInstalled(u"Segoe UI Semibold");
+    return have;
+}
+
+Font Plain(double points, double fallback) {
+    return HaveUiFace() ? Font{u"Segoe UI", points, false, false} : Font{u"Tahoma", fallback, false, false};
+}
+Font Heavy(double points, double fallback) {
+    if (HaveSemibold()) return {u"Segoe UI Semibold", points, false, false};
+    if (HaveUiFace()) return {u"Segoe UI", points, true, false};
+    return {u"Tahoma", fallback, true, false};
+}
+
+struct Named {
+    std::u16string_view Name;
+    Font (*Make)();
+};
+constexpr Named kDesign[] = {
+    {u"Ui", UiFont},       {u"Strong", StrongFont}, {u"Lead", LeadFont}, {u"Heading", HeadingFont},
+    {u"Title", TitleFont}, {u"Header", HeaderFont}, {u"Bar", BarFont},   {u"CheckList", CheckListFont},
+};
+
+} // namespace
+
+Font UiFont() {
+    return Plain(9, 8.25);
+}
+Font StrongFont() {
+    return Heavy(9, 8.25);
+}
+Font LeadFont() {
+    return Heavy(9.75, 9);
+}
+Font HeadingFont() {
+    return Heavy(10.5, 9.75);
+}
+Font TitleFont() {
+    return Heavy(11.25, 10.5);
+}
+Font HeaderFont() {
+    return Heavy(13.5, 12.75);
+}
+Font BarFont() {
+    return Plain(8.25, 8.25);
+}
+Font CheckListFont() {
+    static const bool have = IsInstalled(u"Verdana");
+    return {have ? u"Verdana" : u"Tahoma", 8.25, false, false};
+}
+
+Font DesignFont(std::u16string_view name) {
+    for (const Named& known : kDesign) {
+        if (text::EqualNoCase(known.Name, name)) return known.Make();
+    }
+    throw RuntimeFailure(kTypeMismatch, u"DesignFont", u"No font of the design: " + std::u16string(name));
+}
+
+bool IsInstalled(const std::u16string& family) {
+    if (family.empty() || family.size() >= LF_FACESIZE) return false;
+    LOGFONTW wanted{};
+    wanted.lfCharSet = DEFAULT_CHARSET;
+    std::copy_n(Wide(family), family.size(), wanted.lfFaceName);
+    bool found = false;
+    const HDC screen = GetDC(nullptr);
+    EnumFontFamiliesExW(screen, &wanted, FoundFamily, reinterpret_cast<LPARAM>(&found), 0);
+    ReleaseDC(nullptr, screen);
+    return found;
+}
+
+FontHandle::FontHandle(const Font& font, int dpi) {
+    LOGFONTW wanted{};
+    wanted.lfHeight = -static_cast<LONG>(std::lround(font.Size * dpi / 72));
+    wanted.lfWeight = font.Bold ? FW_BOLD : FW_NORMAL;
+    wanted.lfUnderline = font.Underline;
+    wanted.lfCharSet = DEFAULT_CHARSET;
+    wanted.lfQuality = CLEARTYPE_QUALITY;
+    const std::size_t length = std::min<std::size_t>(font.Name.size(), LF_FACESIZE - 1);
+    std::copy_n(Wide(font.Name), length, wanted.lfFaceName);
+    m_Handle = CreateFontIndirectW(&wanted);
+}
+
+FontHandle& FontHandle::operator=(FontHandle&& other) noexcept {
+    std::swap(m_Handle, other.m_Handle);
+    return *this;
+}
+
+FontHandle::~FontHandle() {
+    if (m_Handle) DeleteObject(m_Handle);
+}
+
+int LineHeight(HFONT font) {
+    const HDC screen = GetDC(nullptr);
+    const HGDIOBJ before = SelectObject(screen, font);
+    TEXTMETRICW metrics{};
+    GetTextMetricsW(screen, &metrics);
+    SelectObject(screen, before);
+    ReleaseDC(nullptr, screen);
+    return metrics.tmHeight;
+}
+
+SIZE TextSize(HFONT font, std::u16string_view text) {
+    const HDC screen = GetDC(nullptr);
+    const HGDIOBJ before = SelectObject(screen, font);
+    SIZE size{};
+    GetTextExtentPoint32W(screen, reinterpret_cast<const wchar_t*>(text.data()),
+                          static_cast<int>(text.size()), &size);
+    SelectObject(screen, before);
+    ReleaseDC(nullptr, screen);
+    return size;
+}

@@ -1,0 +1,374 @@
+// A form's making from its layout, its ground, DPI and theme. Keys: FormKeys.cpp; the modal
+// show: FormModal.cpp.
+#include "controls/Form.h"
+
+#include "base/DoEvents.h"
+#include "base/RuntimeFailure.h"
+#include "base/Text.h"
+#include "controls/Dpi.h"
+#include "controls/EventFrame.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/Line.h"
+#include "controls/Painting.h"
+#include "controls/PictureBox.h"
+
+#include <algorithm>
+#include <commctrl.h>
+
+namespace {
+
+std::vector<Form*> g_Forms;
+
+bool FilterHook(void* message) {
+    return Forms::Filter(*static_cast<MSG*>(message));
+}
+
+// What the thread of the windows needs once.
+void StartKit() {
+    static thread_local const bool started = [] {
+        OleInitialize(nullptr);
+        INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES | ICC_STANDARD_CLASSES};
+        InitCommonControlsEx(&classes);
+        SetDoEventsHooks({FilterHook, EventFrame::Rethrow});
+        return true;
+    }();
+    (void)started;
+}
+
+// The controls that a layout may have without a member of the form.
+template <class Class>
+Control* Keep(std::vector<std::shared_ptr<void>>& own) {
+    auto control = std::make_shared<Class>();
+    own.push_back(control);
+    return &control->Base;
+}
+
+bool IsKind(std::u16string_view kind, std::u16string_view words) {
+    const auto known = text::Split(words, u"|");
+    return std::find(known.begin(), known.end(), kind) != known.end();
+}
+
+[[noreturn]] void Refuse(const std::u16string& name, std::u16string_view why) {
+    throw RuntimeFailure(kTypeMismatch, name, why);
+}
+
+} // namespace
+
+const ControlKind Form::kKind{
+    .TypeName = u"Form",
+    .LayoutKinds = u"form",
+    .Container = true,
+    .Property = Entry<&Form::OnProperty>::Call,
+    .Paint = Entry<&Form::OnPaint>::Call,
+    .Ground = Entry<&Form::OnGround>::Call,
+    .Message = Entry<&Form::OnMessage>::Call,
+    .Place = Entry<&Form::OnPlace>::Call,
+};
+
+Form::Form() : Base(this, kKind) {}
+
+Form::~Form() {
+    Unload();
+    for (Control* control : m_Controls) {
+        control->m_Form = nullptr;
+        control->m_Container = nullptr;
+        control->m_Label = nullptr;
+    }
+    Base.m_Form = nullptr;
+    if (m_Ground) DeleteObject(m_Ground);
+}
+
+const std::vector<Form*>& Forms::All() {
+    return g_Forms;
+}
+
+void Form::Create(std::u16string_view layout) {
+    StartKit();
+    Control* label = nullptr;
+    for (const LayoutRow& row : ParseLayout(layout)) {
+        if (row.Kind == u"form") {
+            Base.m_Form = this;
+            Base.m_Name = row.Name;
+            Base.m_Caption = row.Caption;
+            Base.m_Width = row.Width;
+            Base.m_Height = row.Height;
+            for (const auto& [name, value] : row.Properties) Base.ApplyProperty(name, value);
+            MakeWindow();
+            continue;
+        }
+        if (!Base.m_hWnd) Refuse(std::u16string(row.Name), u"The layout has no line for the form");
+        MakeControl(row, label);
+        label = row.Kind == u"label" ? m_Controls.back() : nullptr;
+    }
+    CheckBindings();
+}
+
+void Form::MakeWindow() {
+    const DWORD style =
+        WS_CLIPCHILDREN | static_cast<DWORD>(m_Caption ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_POPUP);
+    const DWORD exStyle = m_Caption ? WS_EX_DLGMODALFRAME : 0;
+    const HWND window = CreateWindowExW(exStyle, Control::OwnClass(), Wide(Base.m_Caption), style, 0, 0, 0, 0,
+                                        nullptr, nullptr, GetModuleHandleW(nullptr), &Base);
+    if (!window)
+        throw RuntimeFailure(static_cast<int>(GetLastError()), Base.m_Name, u"The window cannot be made");
+    g_Forms.push_back(this);
+    m_Dpi = DpiOf(window);
+    RECT work{};
+    SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
+    Base.m_Left = (ToTwips(work.left + work.right, m_Dpi) - Base.m_Width) / 2;
+    Base.m_Top = (ToTwips(work.top + work.bottom, m_Dpi) - Base.m_Height) / 2;
+    Base.m_Visible = false;
+    Base.PlaceWindow();
+}
+
+void Form::MakeControl(const LayoutRow& row, Control* label) {
+    Control* control = Bound(row);
+    if (!control) {
+        if (row.Kind == u"label")
+            control = Keep<Label>(m_Own);
+        else if (row.Kind == u"line")
+            control = Keep<Line>(m_Own);
+        else if (row.Kind == u"picture")
+            control = Keep<PictureBox>(m_Own);
+        else if (row.Kind == u"frame" || row.Kind == u"shape")
+            control = Keep<Frame>(m_Own);
+        else
+            Refuse(std::u16string(row.Name), u"The form has no such control");
+    }
+    if (!IsKind(row.Kind, control->Kind().LayoutKinds))
+        Refuse(std::u16string(row.Name), u"The layout has another kind");
+    m_Controls.push_back(control);
+    if (control->Kind().TakesLabel) control->m_Label = label;
+    // Default and Cancel are the form's to know.
+    LayoutRow shared = row;
+    std::erase_if(shared.Properties, [&](const auto& property) {
+        if (property.first == u"Default" && ParseYesNo(property.second)) DefaultButton = control;
+        if (property.first == u"Cancel" && ParseYesNo(property.second)) CancelButton = control;
+        return property.first == u"Default" || property.first == u"Cancel";
+    });
+    control->Create(*this, ContainerOf(row), shared);
+}
+
+Control* Form::Bound(const LayoutRow& row) {
+    for (const Binding& binding : m_Bindings) {
+        if (binding.Name == row.Name && binding.Index == row.Index) return binding.Target;
+    }
+    return nullptr;
+}
+
+Control* Form::ContainerOf(const LayoutRow& row) {
+    if (row.Container == Base.m_Name) return &Base;
+    Control* found = Find(row.Container);
+    if (!found || !found->Kind().Container) Refuse(std::u16string(row.Name), u"The container is unknown");
+    return found;
+}
+
+void Form::CheckBindings() const {
+    for (const Binding& binding : m_Bindings) {
+        if (binding.Target->m_Form != this)
+            Refuse(std::u16string(binding.Name), u"The layout has no line for the control");
+    }
+}
+
+Control* Form::Find(std::u16string_view fullName) const {
+    for (Control* control : m_Controls) {
+        if (control->FullName() == fullName) return control;
+    }
+    return nullptr;
+}
+
+bool Form::OnProperty(std::u16string_view name, std::u16string_view value) {
+    if (name == u"BackColor")
+        BackColor = ParseColour(value);
+    else if (name == u"BackColor2")
+        BackColor2 = ParseColour(value);
+    else if (name == u"OutlineColor")
+        OutlineColor = ParseColour(value);
+    else if (name == u"CaptionBar")
+        m_Caption = ParseYesNo(value);
+    else
+        return false;
+    return true;
+}
+
+void Form::OnPaint(HDC dc, const RECT& client) {
+    OnGround(dc, client);
+}
+
+// Every label and button asks for its piece of the ground, so it is kept.
+void Form::OnGround(HDC dc, const RECT& client) {
+    const SIZE size{WidthOf(client), HeightOf(client)};
+    if (size.cx <= 0 || size.cy <= 0) return;
+    const HDC memory = CreateCompatibleDC(dc);
+    const bool fresh = !m_Ground || size.cx != m_GroundSize.cx || size.cy != m_GroundSize.cy;
+    if (fresh) {
+        if (m_Ground) DeleteObject(m_Ground);
+        const HDC screen = GetDC(Base.m_hWnd);
+        m_Ground = CreateCompatibleBitmap(screen, size.cx, size.cy);
+        ReleaseDC(Base.m_hWnd, screen);
+        m_GroundSize = size;
+    }
+    const HGDIOBJ before = SelectObject(memory, m_Ground);
+    if (fresh) {
+        const bool plain = BackColor2 == kNoColour || Theme::HighContrast();
+        if (plain)
+            FillRectangle(memory, client, Theme::Pick(Resolve(BackColor), COLOR_WINDOW));
+        else
+            VerticalGradient(memory, client, Resolve(BackColor), Resolve(BackColor2));
+        if (PaintGround) EventFrame::Run([&] { PaintGround(memory, client); });
+        const HRGN region = CreateRectRgn(0, 0, 0, 0);
+        if (OutlineColor != kNoColour && GetWindowRgn(Base.m_hWnd, region) > NULLREGION) {
+            const HBRUSH brush = CreateSolidBrush(Theme::Pick(Resolve(OutlineColor), COLOR_WINDOWTEXT));
+            FrameRgn(memory, region, brush, HairLine(m_Dpi), HairLine(m_Dpi));
+            DeleteObject(brush);
+        }
+        DeleteObject(region);
+    }
+    BitBlt(dc, 0, 0, size.cx, size.cy, memory, 0, 0, SRCCOPY);
+    SelectObject(memory, before);
+    DeleteDC(memory);
+}
+
+void Form::RefreshGround() {
+    if (m_Ground) DeleteObject(m_Ground);
+    m_Ground = nullptr;
+    if (Base.m_hWnd)
+        RedrawWindow(Base.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_FRAME);
+}
+
+// Under a caption bar the layout's size is that of the inside.
+void Form::OnPlace(const RECT& pixels) {
+    RECT outer{0, 0, WidthOf(pixels), HeightOf(pixels)};
+    if (m_Caption) {
+        const auto style = static_cast<DWORD>(GetWindowLongW(Base.m_hWnd, GWL_STYLE));
+        const auto exStyle = static_cast<DWORD>(GetWindowLongW(Base.m_hWnd, GWL_EXSTYLE));
+        using AdjustForDpi = BOOL(WINAPI*)(RECT*, DWORD, BOOL, DWORD, UINT);
+        static const auto adjust = Lookup<AdjustForDpi>(L"user32.dll", "AdjustWindowRectExForDpi");
+        if (adjust)
+            adjust(&outer, style, FALSE, exStyle, static_cast<UINT>(m_Dpi));
+        else
+            AdjustWindowRectEx(&outer, style, FALSE, exStyle);
+    }
+    SetWindowPos(Base.m_hWnd, nullptr, pixels.left, pixels.top, WidthOf(outer), HeightOf(outer),
+                 SWP_NOZORDER | SWP_NOACTIVATE | SWP_NOOWNERZORDER);
+}
+
+// Where the user has put the window.
+void Form::NotePlace() {
+    if (IsIconic(Base.m_hWnd)) return;
+    RECT place;
+    GetWindowRect(Base.m_hWnd, &place);
+    if (ToPixels(Base.m_Left, m_Dpi) != place.left) Base.m_Left = ToTwips(place.left, m_Dpi);
+    if (ToPixels(Base.m_Top, m_Dpi) != place.top) Base.m_Top = ToTwips(place.top, m_Dpi);
+}
+
+bool Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    switch (message) {
+    case WM_MOVE:
+        NotePlace();
+        return false;
+    case WM_SIZE:
+        Raise(Resize);
+        return true;
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN: {
+        const MouseAt mouse = ReadMouse(message, wParam, lParam, m_Dpi);
+        Raise(MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+        return true;
+    }
+    case WM_SETFOCUS:
+        if (m_LastFocus && m_LastFocus->Usable())
+            m_LastFocus->SetFocus();
+        else
+            FocusFirst();
+        return true;
+    case WM_CLOSE:
+        if (Closing)
+            Raise(Closing);
+        else
+            Unload();
+        return true;
+    case WM_DPICHANGED: {
+        const auto* suggested = reinterpret_cast<const RECT*>(lParam);
+        const int dpi = HIWORD(wParam);
+        if (suggested) {
+            Base.m_Left = ToTwips(suggested->left, dpi);
+            Base.m_Top = ToTwips(suggested->top, dpi);
+        }
+        ChangeDpi(dpi);
+        return true;
+    }
+    case WM_SETTINGCHANGE:
+    case WM_SYSCOLORCHANGE:
+        ThemeChanged();
+        return false;
+    case WM_DESTROY:
+        std::erase(g_Forms, this);
+        return false;
+    default:
+        (void)result;
+        return false;
+    }
+}
+
+void Form::ChangeDpi(int dpi) {
+    m_Dpi = dpi;
+    Base.PlaceWindow();
+    for (Control* control : m_Controls) {
+        control->FontChanged();
+        if (control->m_hWnd) control->PlaceWindow();
+        control->Tell(Change::Dpi);
+    }
+    RefreshGround();
+    Raise(DpiChanged);
+}
+
+void Form::ThemeChanged() {
+    Theme::SettingsChanged();
+    for (Control* control : m_Controls) {
+        if (control->m_hWnd && control->m_Kind->WindowClass)
+            SendMessageW(control->m_hWnd, WM_SYSCOLORCHANGE, 0, 0);
+        control->Tell(Change::Theme);
+    }
+    RefreshGround();
+}
+
+// Tells container and everything in it.
+void Form::TellInside(Control& container, Change what) {
+    container.Tell(what);
+    for (Control* control : m_Controls) {
+        for (const Control* outer = control->m_Container; outer; outer = outer->m_Container) {
+            if (outer == &container) control->Tell(what);
+        }
+    }
+}
+
+void Form::Forget(Control& control) {
+    if (&control == &Base) return;
+    std::erase(m_Controls, &control);
+    for (Control* other : m_Controls) {
+        if (other->m_Container == &control) other->m_Container = nullptr;
+        if (other->m_Label == &control) other->m_Label = nullptr;
+    }
+    for (Control** held : {&m_LastFocus, &DefaultButton, &CancelButton}) {
+        if (*held == &control) *held = nullptr;
+    }
+}
+
+void Form::Show() {
+    Base.Visible(true);
+    SetForegroundWindow(Base.m_hWnd);
+    if (!Base.HasFocus()) ::SetFocus(Base.m_hWnd);
+}
+
+void Form::Hide() {
+    EndModal();
+    Base.Visible(false);
+}
+
+void Form::Unload() {
+    EndModal();
+    Base.DestroyWindowNow();
+}

@@ -1,0 +1,133 @@
+// A window of the program: plain or shaped, with the controls that a layout table lays out
+// on it, tab order, access keys, default and cancel button.
+#pragma once
+
+#include "controls/Control.h"
+#include "controls/Events.h"
+#include "controls/Theme.h"
+
+#include <memory>
+#include <string_view>
+#include <vector>
+
+class Form;
+
+namespace Forms {
+// Dispatches messages until the end is asked for (PostQuitMessage), and gives its code.
+int Run();
+// Deals with Tab, Enter, Esc and access keys; true: the message is done with. For loops
+// that do not go through Run or DoEvents.
+bool Filter(MSG& message);
+// Every form that has a window.
+const std::vector<Form*>& All();
+} // namespace Forms
+
+class Form {
+public:
+    Form();
+    ~Form();
+    Form(const Form&) = delete;
+    Form& operator=(const Form&) = delete;
+
+    Control Base;
+    static const ControlKind kKind;
+
+    // Joins a member to the row of its name, before Create. Rows that nobody joins are made
+    // and kept by the form, where their kind is a label, line, picture or frame.
+    template <class Class>
+    Form& Bind(std::u16string_view name, Class& control) {
+        m_Bindings.push_back({name, -1, &control.Base});
+        return *this;
+    }
+    template <class Class, std::size_t Count>
+    Form& Bind(std::u16string_view name, Class (&array)[Count]) {
+        for (std::size_t i = 0; i < Count; ++i)
+            m_Bindings.push_back({name, static_cast<int>(i), &array[i].Base});
+        return *this;
+    }
+    // Makes the window, not shown yet, and its controls. layout must live as long as the
+    // program. Raises failure 13 where a joined name has no row, a row's kind is another
+    // than the member's, or a container or property is unknown.
+    void Create(std::u16string_view layout);
+
+    void Show();
+    void Hide();
+    // Shows it and comes back when it is hidden or unloaded; all other forms are disabled
+    // meanwhile. owner may be null.
+    void ShowModal(Form* owner);
+    // Paints the ground anew, after something that PaintGround draws has changed.
+    void RefreshGround();
+    // Destroys the windows; the objects of the controls stay until their form's end.
+    void Unload();
+
+    int Dpi() const { return m_Dpi; }
+    // Every control, in the order of the layout.
+    const std::vector<Control*>& Controls() const { return m_Controls; }
+    // The control of that name ("Label_Display(2)" in an array); null where there is none.
+    Control* Find(std::u16string_view fullName) const;
+    // Gives the focus to the next usable control in the tab order, behind from.
+    void FocusNext(const Control& from, bool backwards = false);
+
+    // Pressed by Enter and Esc. In the layout: properties Default=yes and Cancel=yes.
+    Control* DefaultButton = nullptr;
+    Control* CancelButton = nullptr;
+    // Ground: a fill, or a gradient from BackColor down to BackColor2.
+    OleColour BackColor = palette::FrameTop;
+    OleColour BackColor2 = kNoColour;
+    OleColour OutlineColor = kNoColour; // a hair line along the edge of the region
+
+    // Events.
+    std::function<void()> Resize;
+    std::function<void(int Button, int Shift, int X, int Y)> MouseDown;
+    std::function<void()> Closing;    // the caption's close button; without a handler: Unload
+    std::function<void()> DpiChanged; // sizes, fonts and pictures have followed already
+    std::function<void(HDC, const RECT& client)> PaintGround; // over the gradient, under all controls
+
+private:
+    friend class Control;
+    friend bool Forms::Filter(MSG&);
+    struct Binding {
+        std::u16string_view Name;
+        int Index;
+        Control* Target;
+    };
+
+    // Form.cpp
+    bool OnProperty(std::u16string_view name, std::u16string_view value);
+    void OnPaint(HDC dc, const RECT& client);
+    void OnGround(HDC dc, const RECT& client);
+    void OnPlace(const RECT& pixels);
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    void MakeWindow();
+    void MakeControl(const LayoutRow& row, Control* label);
+    Control* Bound(const LayoutRow& row);
+    Control* ContainerOf(const LayoutRow& row);
+    void CheckBindings() const;
+    void NotePlace();
+    void ChangeDpi(int dpi);
+    void ThemeChanged();
+    void TellInside(Control& container, Change what);
+    void Forget(Control& control);
+    void NoteFocus(Control& control) { m_LastFocus = &control; }
+
+    // FormKeys.cpp
+    std::vector<Control*> TabOrder() const;
+    void FocusFirst();
+    bool FilterKey(const MSG& message);
+    bool PressButton(Control* button);
+    bool AccessKey(char16_t letter);
+
+    // FormModal.cpp
+    void EndModal();
+
+    std::vector<Binding> m_Bindings;
+    std::vector<Control*> m_Controls;
+    std::vector<std::shared_ptr<void>> m_Own; // the controls that nobody joined
+    std::vector<HWND> m_Disabled;             // the windows that the modal show has disabled
+    Control* m_LastFocus = nullptr;
+    int m_Dpi = 96;
+    bool m_Modal = false;
+    bool m_Caption = false; // has a caption bar of the system's
+    HBITMAP m_Ground = nullptr;
+    SIZE m_GroundSize{};
+};

@@ -1,0 +1,222 @@
+// The form kit: a form from a layout table, keys, stacked panes, focus, DPI, accessibility.
+#include "base/RuntimeFailure.h"
+#include "controls/ComboBox.h"
+#include "controls/Dpi.h"
+#include "controls/EventFrame.h"
+#include "controls/Form.h"
+#include "controls/Frame.h"
+#include "controls/Label.h"
+#include "controls/Painting.h"
+#include "controls/TextBox.h"
+#include "windows/Gui.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+constexpr std::u16string_view kLayout =
+    u"form\tcontainer\tcontrol\tkind\tleft\ttop\twidth\theight\tcaption\ttab\tproperties\tnotes\n"
+    u"frmTest\t(screen)\tfrmTest\tform\t\t\t6000\t4500\tTest form\t\tBackColor=FrameTop; "
+    u"BackColor2=FrameBottom\n"
+    u"frmTest\tfrmTest\tFrameLow\tframe\t600\t600\t4500\t1500\t\t\tBackColor=Card\n"
+    u"frmTest\tfrmTest\tFrameHigh\tframe\t600\t600\t4500\t1500\t\t\tBackColor=Card\n"
+    u"frmTest\tFrameLow\tLabelLow\tlabel\t150\t150\t900\t360\t&Low:\t\t\n"
+    u"frmTest\tFrameLow\tTextLow\ttext\t1200\t150\t1500\t360\t- Unicode\t10\t\tsample\n"
+    u"frmTest\tFrameHigh\tLabelHigh\tlabel\t150\t150\t900\t360\tHigh:\t\tFont=Strong\n"
+    u"frmTest\tFrameHigh\tTextHigh\ttext\t1200\t150\t1500\t360\t\t20\t\n"
+    u"frmTest\tFrameHigh\tComboHigh\tcombo\t1200\t600\t1500\t360\t\t21\tAccessibleName=Sizes\n"
+    u"frmTest\tfrmTest\tLast(0)\ttext\t600\t2400\t1500\t360\t\t31\tToolTipText=The first\n"
+    u"frmTest\tfrmTest\tLast(1)\ttext\t2400\t2400\t1500\t360\t\t30\tToolTipText=The second\n"
+    u"frmTest\tfrmTest\tLine1\tline\t600\t3000\t3000\t15\t\t\t\n";
+
+struct TestForm {
+    Form Window;
+    Frame FrameLow, FrameHigh;
+    Label LabelHigh;
+    TextBox TextLow, TextHigh, Last[2];
+    ComboBox ComboHigh;
+
+    TestForm() {
+        Window.Bind(u"FrameLow", FrameLow).Bind(u"FrameHigh", FrameHigh).Bind(u"LabelHigh", LabelHigh);
+        Window.Bind(u"TextLow", TextLow).Bind(u"TextHigh", TextHigh).Bind(u"Last", Last);
+        Window.Bind(u"ComboHigh", ComboHigh).Create(kLayout);
+        FrameHigh.Base.ZOrder();
+        Window.Show();
+    }
+};
+
+class FormKit : public testing::Test {
+protected:
+    void SetUp() override {
+        m_Ui.Run([this] { m_Form = std::make_unique<TestForm>(); });
+        ASSERT_TRUE(gui::Activate(m_Form->Window.Base.hWnd()));
+    }
+    void TearDown() override {
+        m_Ui.Run([this] {
+            m_Form.reset();
+            EventFrame::Forget();
+        });
+    }
+    // What the UI thread says.
+    template <class Ask>
+    auto On(Ask ask) {
+        decltype(ask()) answer{};
+        m_Ui.Run([&] { answer = ask(); });
+        return answer;
+    }
+    bool FocusComesTo(const Control& control) {
+        return gui::WaitUntil([&] { return On([&] { return control.HasFocus(); }); });
+    }
+
+    gui::UiThread m_Ui;
+    std::unique_ptr<TestForm> m_Form;
+};
+
+TEST_F(FormKit, ControlsAreMadeFromTheTable) {
+    TestForm& form = *m_Form;
+    EXPECT_EQ(form.Window.Controls().size(), 10u);
+    EXPECT_EQ(form.TextLow.Base.Name(), u"TextLow");
+    EXPECT_EQ(form.TextLow.Base.TypeName(), u"TextBox");
+    EXPECT_EQ(form.TextLow.Base.Container(), &form.FrameLow.Base);
+    EXPECT_EQ(form.TextLow.Base.Left(), 1200);
+    EXPECT_EQ(form.TextLow.Base.TabIndex(), 10);
+    EXPECT_EQ(form.Last[1].Base.FullName(), u"Last(1)");
+    EXPECT_EQ(form.Window.Find(u"Last(1)"), &form.Last[1].Base);
+    EXPECT_EQ(On([&] { return form.TextLow.Text(); }), u"- Unicode");
+    // Nobody joined LabelLow: the form keeps it.
+    ASSERT_NE(form.Window.Find(u"LabelLow"), nullptr);
+    EXPECT_EQ(form.Window.Find(u"LabelLow")->TypeName(), u"Label");
+    EXPECT_EQ(WindowText(form.Window.Base.hWnd()), u"Test form");
+    RECT client;
+    GetClientRect(form.Window.Base.hWnd(), &client);
+    EXPECT_EQ(WidthOf(client), 400);
+    EXPECT_EQ(HeightOf(client), 300);
+}
+
+TEST_F(FormKit, TabGoesByTheNumbersAndSkipsWhatARaisedPaneCovers) {
+    TestForm& form = *m_Form;
+    ASSERT_TRUE(FocusComesTo(form.TextHigh.Base)); // 10 is covered
+    gui::Type(VK_TAB);
+    EXPECT_TRUE(FocusComesTo(form.ComboHigh.Base));
+    gui::Type(VK_TAB);
+    EXPECT_TRUE(FocusComesTo(form.Last[1].Base));
+    gui::Type(VK_TAB);
+    EXPECT_TRUE(FocusComesTo(form.Last[0].Base));
+    gui::Type(VK_TAB);
+    EXPECT_TRUE(FocusComesTo(form.TextHigh.Base));
+    gui::Key(VK_SHIFT, false);
+    gui::Type(VK_TAB);
+    gui::Key(VK_SHIFT, true);
+    EXPECT_TRUE(FocusComesTo(form.Last[0].Base));
+    m_Ui.Run([&] { form.FrameLow.Base.ZOrder(); });
+    gui::Type(VK_TAB);
+    EXPECT_TRUE(FocusComesTo(form.TextLow.Base));
+}
+
+TEST_F(FormKit, FocusMovesOnWhenItsControlIsDisabledOrHidden) {
+    TestForm& form = *m_Form;
+    ASSERT_TRUE(FocusComesTo(form.TextHigh.Base));
+    m_Ui.Run([&] { form.TextHigh.Base.Enabled(false); });
+    EXPECT_TRUE(FocusComesTo(form.ComboHigh.Base));
+    m_Ui.Run([&] { form.FrameHigh.Base.Enabled(false); });
+    EXPECT_TRUE(FocusComesTo(form.Last[1].Base));
+    m_Ui.Run([&] { form.Last[1].Base.Visible(false); });
+    EXPECT_TRUE(FocusComesTo(form.Last[0].Base));
+}
+
+TEST_F(FormKit, AnAccessKeyOfALabelGoesToItsField) {
+    TestForm& form = *m_Form;
+    m_Ui.Run([&] { form.FrameLow.Base.ZOrder(); });
+    gui::Key(VK_MENU, false);
+    gui::Type('L');
+    gui::Key(VK_MENU, true);
+    EXPECT_TRUE(FocusComesTo(form.TextLow.Base));
+}
+
+TEST_F(FormKit, PlacesFollowTheDpi) {
+    TestForm& form = *m_Form;
+    for (const int dpi : {96, 120, 144, 192}) {
+        m_Ui.Run([&] {
+            const RECT suggested{20, 30, 500, 500};
+            SendMessageW(form.Window.Base.hWnd(), WM_DPICHANGED, MAKEWPARAM(dpi, dpi),
+                         reinterpret_cast<LPARAM>(&suggested));
+        });
+        RECT place, client;
+        GetWindowRect(form.TextHigh.Base.hWnd(), &place);
+        MapWindowPoints(nullptr, form.FrameHigh.Base.hWnd(), reinterpret_cast<POINT*>(&place), 2);
+        // 1200, 150, 2700, 510 twips
+        EXPECT_EQ(place.left, 80 * dpi / 96);
+        EXPECT_EQ(place.top, (10 * dpi + 48) / 96);
+        EXPECT_EQ(place.right, 180 * dpi / 96);
+        EXPECT_EQ(place.bottom, (34 * dpi + 48) / 96);
+        GetClientRect(form.Window.Base.hWnd(), &client);
+        EXPECT_EQ(client.right, 400 * dpi / 96);
+        GetWindowRect(form.ComboHigh.Base.hWnd(), &place);
+        EXPECT_EQ(HeightOf(place), ToPixels(960, dpi) - ToPixels(600, dpi)) << dpi;
+        EXPECT_EQ(On([&] { return form.Window.Base.Left(); }), ToTwips(20, dpi));
+        EXPECT_EQ(On([&] { return LineHeight(form.TextHigh.Base.FontInUse()); }),
+                  LineHeight(FontHandle(UiFont(), dpi).Get()));
+    }
+}
+
+TEST_F(FormKit, AFailureInAHandlerIsKeptAndEndsTheLoop) {
+    TestForm& form = *m_Form;
+    m_Ui.Run([&] {
+        form.TextHigh.Change = [] { throw RuntimeFailure(kOverflow, u"test"); };
+        form.TextHigh.Text(u"x"); // the system lies between: nothing is thrown here
+        EXPECT_TRUE(EventFrame::Ending());
+        EXPECT_THROW(EventFrame::Rethrow(), RuntimeFailure);
+        EXPECT_EQ(EventFrame::Describe(EventFrame::FirstFailure(), u"C:\\a.txt"),
+                  u"Run-time error 6:\r\nOverflow\r\ntest\r\nC:\\a.txt");
+        MSG message;
+        EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+        EventFrame::Forget();
+    });
+}
+
+struct Spoken {
+    std::u16string Name, Value;
+    LONG Role = 0, State = 0;
+};
+Spoken Ask(HWND window) {
+    Spoken spoken;
+    IAccessible* object = nullptr;
+    if (FAILED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
+                                          reinterpret_cast<void**>(&object))))
+        return spoken;
+    VARIANT self{}, answer{};
+    self.vt = VT_I4;
+    BSTR text = nullptr;
+    if (object->get_accName(self, &text) == S_OK) spoken.Name = Units(text);
+    SysFreeString(text);
+    text = nullptr;
+    if (object->get_accValue(self, &text) == S_OK) spoken.Value = Units(text);
+    SysFreeString(text);
+    if (object->get_accRole(self, &answer) == S_OK) spoken.Role = answer.lVal;
+    if (object->get_accState(self, &answer) == S_OK) spoken.State = answer.lVal;
+    object->Release();
+    return spoken;
+}
+
+TEST_F(FormKit, ScreenReadersAreTold) {
+    TestForm& form = *m_Form;
+    ASSERT_TRUE(FocusComesTo(form.TextHigh.Base));
+    m_Ui.Run([&] {
+        form.TextHigh.Text(u"abc");
+        const Spoken high = Ask(form.TextHigh.Base.hWnd());
+        EXPECT_EQ(high.Name, u"High:"); // its label's text
+        EXPECT_EQ(high.Value, u"abc");
+        EXPECT_EQ(high.Role, ROLE_SYSTEM_TEXT);
+        EXPECT_EQ(high.State, STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_FOCUSED);
+        const Spoken low = Ask(form.TextLow.Base.hWnd());
+        EXPECT_EQ(low.Name, u"Low:");                                          // without the ampersand
+        EXPECT_EQ(low.State, STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_INVISIBLE); // covered
+        EXPECT_EQ(Ask(form.ComboHigh.Base.hWnd()).Name, u"Sizes");
+        EXPECT_EQ(Ask(form.Last[0].Base.hWnd()).Name, u"The first");
+        form.Last[0].Base.Enabled(false);
+        EXPECT_EQ(Ask(form.Last[0].Base.hWnd()).State, STATE_SYSTEM_UNAVAILABLE);
+        EXPECT_EQ(Ask(form.LabelHigh.Base.hWnd()).Role, ROLE_SYSTEM_STATICTEXT);
+    });
+}
+
+} // namespace
