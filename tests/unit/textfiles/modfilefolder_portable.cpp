@@ -1,0 +1,44 @@
+// What concerns names off Windows, and what would take too long under Wine.
+
+#include "textfiles/modFileFolder.h"
+
+#include "base/RuntimeFailure.h"
+#include "support/TempFolder.h"
+
+#include <gtest/gtest.h>
+
+namespace {
+
+template <class Work>
+int FailureOf(Work work) {
+    try {
+        work();
+    } catch (const RuntimeFailure& failure) {
+        return failure.Number();
+    }
+    return 0;
+}
+
+// 32,768 files in one folder: Wine would take minutes.
+TEST(MakeOutputName, TheNumberIsSixteenBitsWide) {
+    TempFolder folder;
+    folder.Put(u"a-.txt", "");
+    for (int n = 1; n < 32767; ++n) std::ofstream(folder.Path() / ("a- - " + std::to_string(n) + ".txt"));
+    EXPECT_EQ(folder / u"a- - 32767.txt", modFileFolder::MakeOutputName(folder / u"a.txt", u"-", u""));
+    EXPECT_EQ(folder / u"a- - 32767.txt", modFileFolder::MakeUniqueName(u"a-.txt", folder.Name()));
+    folder.Put(u"a- - 32767.txt", "");
+    EXPECT_EQ(6, FailureOf([&] { modFileFolder::MakeOutputName(folder / u"a.txt", u"-", u""); }));
+    EXPECT_EQ(6, FailureOf([&] { modFileFolder::MakeUniqueName(u"a-.txt", folder.Name()); }));
+}
+
+TEST(MakeOutputName, ABackslashIsAnOrdinaryCharacterOfAName) {
+    TempFolder folder;
+    EXPECT_EQ(folder / u"a\\b- Unicode.txt",
+              modFileFolder::MakeOutputName(folder / u"a\\b.txt", u"- Unicode", u""));
+}
+
+TEST(FileFolder, OpenDocumentDoesNothing) {
+    modFileFolder::OpenDocument(nullptr, u"/no such file.htm", u"");
+}
+
+} // namespace
