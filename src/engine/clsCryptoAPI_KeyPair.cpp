@@ -1,5 +1,5 @@
 // Key pairs and signatures of clsCryptoAPI.
-// Tested by tests/unit/engine/crypto_keypair_test.cpp.
+// Tested by tests/unit/engine/crypto_keypair_test.cpp and crypto_keypair_test_win.cpp.
 
 #include "engine/clsCryptoAPI.h"
 
@@ -42,6 +42,14 @@ struct Release {
 std::int32_t KeySpecOf(const std::string& blob) {
     const bool signature = blob.size() > 5 && blob[4] == 0 && blob[5] == 0x24;
     return signature ? kSignature : kKeyExchange;
+}
+
+// The salt does not travel with a session key. A new key's salt ought to be all zeros, but not
+// every provider keeps to that; one that refuses to be told has them.
+void SetNoSalt(const CryptoOperations& operations, Handle key) {
+    constexpr Dword kSaltParameter = 2;
+    constexpr Byte kZeros[11] = {};
+    operations.CryptSetKeyParam(key, kSaltParameter, kZeros, 0);
 }
 
 } // namespace
@@ -133,6 +141,7 @@ std::u16string clsCryptoAPI::CipherWithKeyPair(std::u16string_view text, bool en
         if (!m_Operations.CryptGenKey(m_hCryptProv, kRc4, kExportable, sessionKey))
             Fail(u"DLL error code shown above. Could not create session key for use in key pair encryption");
         const Release session{m_Operations.CryptDestroyKey, sessionKey};
+        SetNoSalt(m_Operations, sessionKey);
         if (!m_Operations.CryptGetUserKey(m_hCryptProv, static_cast<Dword>(m_KeySpec), userKey))
             Fail(u"DLL error code shown above. Could not obtain public key for use in key pair encryption");
         const Release user{m_Operations.CryptDestroyKey, userKey};
@@ -152,6 +161,7 @@ std::u16string clsCryptoAPI::CipherWithKeyPair(std::u16string_view text, bool en
                  u"Most "
                  u"likely an incorrect private key was used, thus it could not decrypt the session key.");
         const Release session{m_Operations.CryptDestroyKey, sessionKey};
+        SetNoSalt(m_Operations, sessionKey);
         if (!m_Operations.CryptDecrypt(sessionKey, 0, true, 0, BytesOf(bytes), length))
             Fail(u"DLL error code shown above. Error during key pair CryptDecrypt decryption.");
     }
