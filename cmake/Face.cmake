@@ -20,6 +20,24 @@ foreach(source IN LISTS shapes)
 endforeach()
 set_property(SOURCE "${face_resources}" APPEND PROPERTY INCLUDE_DIRECTORIES "${shape_dir}")
 
+# Pictures: the SVG sources of data/svg, drawn at 100, 125, 150 and 200 %.
+find_program(RSVG_CONVERT rsvg-convert)
+if(NOT RSVG_CONVERT)
+  message(FATAL_ERROR "rsvg-convert is missing (Debian package librsvg2-bin)")
+endif()
+set(picture_dir "${CMAKE_BINARY_DIR}/pictures")
+file(GLOB svgs CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/data/svg/*.svg")
+add_custom_command(OUTPUT "${picture_dir}/pictures.rc"
+  COMMAND "${Python3_EXECUTABLE}" "${CMAKE_SOURCE_DIR}/tools/make-pictures.py"
+          "${CMAKE_SOURCE_DIR}/data/svg" "${picture_dir}"
+  DEPENDS ${svgs} "${CMAKE_SOURCE_DIR}/tools/make-pictures.py"
+  COMMENT "Drawing the pictures" VERBATIM)
+set_property(SOURCE "${face_resources}" APPEND PROPERTY OBJECT_DEPENDS "${picture_dir}/pictures.rc")
+set_property(SOURCE "${face_resources}" APPEND PROPERTY INCLUDE_DIRECTORIES "${picture_dir}")
+
+# Compiled once; a program with windows links it.
+add_library(face_resources OBJECT "${face_resources}")
+
 # tests/windows/x_test.cpp becomes the program windows_x. The windows of a session share
 # focus, mouse and clipboard: one program at a time.
 if(gtest_found)
@@ -27,16 +45,16 @@ if(gtest_found)
   set(window_driver ${window_tests})
   list(FILTER window_tests INCLUDE REGEX "_test\\.cpp$")
   list(FILTER window_driver EXCLUDE REGEX "_test\\.cpp$")
-  add_library(window_driver OBJECT ${window_driver} "${face_resources}")
+  add_library(window_driver OBJECT ${window_driver})
   target_include_directories(window_driver PUBLIC "${CMAKE_SOURCE_DIR}/tests")
-  target_link_libraries(window_driver PUBLIC face gtest)
+  target_link_libraries(window_driver PUBLIC face face_resources gtest)
   target_compile_definitions(window_driver PUBLIC ZC_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
   add_custom_target(windows_tests)
   foreach(source IN LISTS window_tests)
     get_filename_component(name "${source}" NAME_WE)
     string(REGEX REPLACE "_test$" "" name "windows_${name}")
     add_executable(${name} "${source}")
-    target_link_libraries(${name} PRIVATE window_driver)
+    target_link_libraries(${name} PRIVATE window_driver face_resources)
     add_dependencies(windows_tests ${name})
     add_dependencies(${name} sounds)
     add_test(NAME ${name} COMMAND ${name})
