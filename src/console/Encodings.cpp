@@ -7,13 +7,15 @@
 #include "base/Text.h"
 #include "console/Terminal.h"
 #include "engine/PluginPath.h"
+#include "engine/mod_Ini_Read_Write.h"
 
 namespace encodings {
 namespace {
 
-// A plug-in that ought to be there; its lost file is no unknown name.
+// Plugin.INI tells of plug-ins that ought to be there: a lost file is no unknown name.
 bool IsDescribed(std::u16string_view name) {
-    return text::EqualNoCase(name, kDefault);
+    return text::EqualNoCase(name, kDefault) ||
+           !mod_Ini_Read_Write::ReadPluginIni(name, u"Table", {}).empty();
 }
 
 int UnknownName(std::u16string_view command, std::u16string_view name) {

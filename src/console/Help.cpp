@@ -117,6 +117,8 @@ Works on conversion plug-ins, the files that teach the converter an encoding.
   show     print the rules of a plug-in as such a text
   check    look for mistakes in a plug-in (.dll) or a text of rules
 
+A hyphen instead of a file stands for standard input or standard output.
+
 Options:
   --plain      build reads, show prints the bare table: the reph marker, the
                ya-phala marker, then a line of Find TAB Replace for each rule
@@ -129,7 +131,7 @@ or the plain form cannot hold the table.
 Examples:
   zorvak plugin check MyEncoding.txt
   zorvak plugin build MyEncoding.txt MyEncoding.dll
-  zorvak plugin show MyEncoding.dll
+  zorvak plugin show MyEncoding.dll | less
 )";
 
 constexpr std::u16string_view kHelp = uR"(Usage: zorvak help [COMMAND]

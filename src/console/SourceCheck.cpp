@@ -55,7 +55,7 @@ Finding Look(std::u16string_view path) {
     files::InputFile file;
     if (!file.Open(path)) return Finding::None;
     Judge judge;
-    std::string block(64 * 1024, '\0');
+    std::string block(65536, '\0');
     std::size_t got = 0;
     do {
         if (!file.Read(block.data(), block.size(), got)) return Finding::None;

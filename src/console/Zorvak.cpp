@@ -7,6 +7,7 @@
 #include "console/Help.h"
 #include "console/Terminal.h"
 #include "console/cmdConvert.h"
+#include "console/cmdList.h"
 #include "console/cmdPlugin.h"
 #include "console/cmdText.h"
 
@@ -46,10 +47,9 @@ struct Command {
 };
 
 constexpr Command kCommands[] = {
-    {u"convert", RunConvert, false}, {u"text", RunText},
-    {u"plugin", RunPlugin},          {u"help", RunHelp},
-    {u"--help", RunProgramHelp},     {u"-h", RunProgramHelp},
-    {u"/?", RunProgramHelp},         {u"--version", RunVersion},
+    {u"convert", RunConvert, false}, {u"text", RunText},      {u"list", RunList},
+    {u"plugin", RunPlugin},          {u"help", RunHelp},      {u"--help", RunProgramHelp},
+    {u"-h", RunProgramHelp},         {u"/?", RunProgramHelp}, {u"--version", RunVersion},
 };
 
 int Run(const Command& command, const Strings& arguments) {
