@@ -2,7 +2,7 @@
 
 #include "base/RuntimeFailure.h"
 #include "engine/clsCryptoAPI.h"
-#include "unit/engine/temp_folder.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

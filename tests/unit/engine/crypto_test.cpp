@@ -6,7 +6,7 @@
 #include "base/Sha1.h"
 #include "base/Text.h"
 #include "engine/clsCryptoAPI.h"
-#include "unit/engine/temp_folder.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

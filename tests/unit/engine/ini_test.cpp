@@ -4,7 +4,7 @@
 #include "base/Files.h"
 #include "base/Text.h"
 #include "engine/mod_Ini_Read_Write.h"
-#include "unit/engine/temp_folder.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 

@@ -7,7 +7,7 @@
 #include "engine/PluginFile.h"
 #include "engine/clsConvert.h"
 #include "engine/clsCryptoAPI.h"
-#include "unit/engine/temp_folder.h"
+#include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
