@@ -9,6 +9,7 @@ are skipped.
 
 import os
 import pathlib
+import pty
 import shutil
 import subprocess
 
@@ -176,3 +177,26 @@ def open_folder(tmp_path_factory):
 def utf16(text):
     """The bytes of a result: UTF-16 with its mark."""
     return b"\xff\xfe" + text.encode("utf-16-le", "surrogatepass")
+
+
+def run_on_terminal(command, stream):
+    """Runs command with "stdout" or "stderr" on a terminal: exit code, what the other stream got, what the
+    terminal got."""
+    ours, theirs = pty.openpty()
+    other = {"stdout": "stderr", "stderr": "stdout"}[stream]
+    process = subprocess.Popen(command, stdin=subprocess.DEVNULL, **{stream: theirs, other: subprocess.PIPE})
+    os.close(theirs)
+    shown = b""
+    while True:
+        try:
+            part = os.read(ours, 65536)
+        except OSError:  # the program has ended
+            break
+        if not part:
+            break
+        shown += part
+    os.close(ours)
+    pipe = getattr(process, other)
+    with pipe:
+        rest = pipe.read()
+    return process.wait(60), rest, shown.decode()

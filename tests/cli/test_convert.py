@@ -2,14 +2,13 @@
 
 import os
 import pathlib
-import pty
 import re
 import shutil
 import subprocess
 
 import pytest
 
-from conftest import EXAMPLE_LEGACY, EXAMPLE_UNICODE, FAILING_LINE, program_of, utf16
+from conftest import EXAMPLE_LEGACY, EXAMPLE_UNICODE, FAILING_LINE, program_of, run_on_terminal, utf16
 
 
 def write(path, content):
@@ -539,30 +538,10 @@ def test_a_report_that_cannot_be_written_is_told(zorvak, example, tmp_path):
     assert (tmp_path / "a- Unicode.txt").exists()
 
 
-def run_on_terminal(command):
-    """Runs command with standard error on a terminal; exit code, standard output, what the terminal got."""
-    ours, theirs = pty.openpty()
-    process = subprocess.Popen(command, stdout=subprocess.PIPE, stderr=theirs, stdin=subprocess.DEVNULL)
-    os.close(theirs)
-    shown = b""
-    while True:
-        try:
-            part = os.read(ours, 65536)
-        except OSError:
-            break
-        if not part:
-            break
-        shown += part
-    os.close(ours)
-    out = process.stdout.read()
-    process.stdout.close()
-    return process.wait(60), out, shown.decode()
-
-
 def test_a_progress_bar_on_a_terminal_and_none_elsewhere(native, example, tmp_path):
     source = write(tmp_path / "a.txt", "k\r\n" * 200000)
     command = native.command("convert", "--plugin", example, source)
-    code, out, shown = run_on_terminal(command)
+    code, out, shown = run_on_terminal(command, "stderr")
     assert code == 0
     assert re.search(r"\[[#.]{30}\] +\d+% ", shown)
     assert "\n" not in shown and shown.endswith("\r"), "the bar is taken away at the end"
@@ -571,7 +550,8 @@ def test_a_progress_bar_on_a_terminal_and_none_elsewhere(native, example, tmp_pa
 
 
 def test_messages_on_a_terminal_carry_no_commands_to_it(native, example, tmp_path):
-    _, _, shown = run_on_terminal(native.command("convert", "--plugin", example, tmp_path / "\x1b[31m\x9b.txt"))
+    _, _, shown = run_on_terminal(native.command("convert", "--plugin", example, tmp_path / "\x1b[31m\x9b.txt"),
+                                  "stderr")
     assert "no such file" in shown and "\x1b" not in shown and "\x9b" not in shown
 
 

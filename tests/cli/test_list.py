@@ -4,6 +4,8 @@ import shutil
 
 import pytest
 
+from conftest import run_on_terminal
+
 INI = b"[Example]\r\nTable=Family\r\nDefault Font = \"Some Font\"\r\n[Nobody]\r\nTable=x\r\n"
 
 
@@ -27,6 +29,16 @@ def test_the_encodings_with_font_table_and_default_font(zorvak, example, tmp_pat
 
 def test_without_plugin_ini_the_names_alone(zorvak, example, tmp_path):
     assert zorvak.installed_in(tmp_path, [example]).run("list").out == b"Example\t\t\n"
+
+
+def test_a_table_with_a_heading_on_a_terminal(native, example, tmp_path):
+    program = native.installed_in(tmp_path, [example], ini=INI)
+    shutil.copy(example, tmp_path / "conversion Plugins" / "A longer name.dll")
+    code, errors, shown = run_on_terminal(program.command("list"), "stdout")
+    assert (code, errors) == (0, b"")
+    assert shown.replace("\r\n", "\n") == ("Encoding       Font table  Default font\n"
+                                          "A longer name              \n"
+                                          "Example        Family      Some Font\n")
 
 
 @pytest.mark.parametrize("plugins", [None, []])
