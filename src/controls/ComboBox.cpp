@@ -85,9 +85,8 @@ void ComboBox::ListIndex(int index) {
 
 bool ComboBox::OnMessage(UINT message, WPARAM wParam, LPARAM, LRESULT& result) {
     if (message == kReflected + WM_COMMAND) {
-        // Keys in the dropped list move the selection, which is told when it is taken.
-        const bool told =
-            HIWORD(wParam) == CBN_SELENDOK || (HIWORD(wParam) == CBN_SELCHANGE && !Dropped(this));
+        // Closing the list by Esc takes back what keys have chosen in it, without SELCHANGE.
+        const bool told = HIWORD(wParam) == CBN_SELCHANGE || HIWORD(wParam) == CBN_CLOSEUP;
         if (told && ListIndex() != m_Chosen) {
             m_Chosen = ListIndex();
             Base.Notify(EVENT_OBJECT_VALUECHANGE);

@@ -8,8 +8,15 @@
 #include "controls/Dpi.h"
 #include "controls/Form.h"
 
+namespace {
+// A control that is going is told nothing any more: the object round it is half gone.
+constexpr ControlKind kGone{};
+} // namespace
+
 Control::~Control() {
     m_Life.reset();
+    m_Kind = &kGone;
+    if (m_Form && HasFocus() && IsWindowVisible(m_hWnd)) m_Form->FocusNext(*this);
     DestroyWindowNow();
     if (m_Form) m_Form->Forget(*this);
     Disconnect(m_Accessible);
@@ -28,6 +35,7 @@ void Control::Create(Form& form, Control* container, const LayoutRow& row) {
     m_TabIndex = row.TabIndex;
     m_Font = UiFont();
     if (m_Kind->HasWindow) MakeWindow();
+    if (m_hWnd) EnableWindow(m_hWnd, EnabledInAll());
     if (m_Kind->Created) m_Kind->Created(m_Owner);
     for (const auto& [name, value] : row.Properties) ApplyProperty(name, value);
 }
@@ -43,7 +51,7 @@ void Control::ApplyProperty(std::u16string_view name, std::u16string_view value)
     else if (name == u"Tag")
         Tag(value);
     else if (name == u"ToolTipText")
-        m_DesignTip = m_ToolTipText = value;
+        ToolTipText(m_DesignTip = value);
     else if (name == u"AccessibleName")
         AccessibleName(value);
     else
@@ -78,7 +86,7 @@ void Control::Visible(bool visible) {
     if (visible == m_Visible) return;
     m_Visible = visible;
     if (!m_hWnd) return;
-    const bool hadFocus = !visible && HasFocus();
+    const bool hadFocus = !visible && m_Container && HasFocus(); // a form goes as a whole
     ShowWindow(m_hWnd, visible ? SW_SHOWNA : SW_HIDE);
     Notify(visible ? EVENT_OBJECT_SHOW : EVENT_OBJECT_HIDE);
     if (hadFocus) m_Form->FocusNext(*this);
@@ -89,8 +97,7 @@ void Control::Enabled(bool enabled) {
     m_Enabled = enabled;
     if (!m_hWnd) return;
     const bool hadFocus = !enabled && HasFocus();
-    EnableWindow(m_hWnd, enabled);
-    if (m_Form) m_Form->TellInside(*this, Change::Enabled);
+    m_Form->EnabledChanged(*this);
     Notify(EVENT_OBJECT_STATECHANGE);
     if (hadFocus) m_Form->FocusNext(*this);
 }
@@ -102,6 +109,18 @@ void Control::Caption(std::u16string_view caption) {
     SetWindowTextW(m_hWnd, Wide(m_Caption));
     Tell(Change::Caption);
     Notify(EVENT_OBJECT_NAMECHANGE);
+}
+
+void Control::ToolTipText(std::u16string_view tip) {
+    m_ToolTipText = tip;
+    if (!m_hWnd || tip.empty()) {
+        m_Tip.reset();
+        return;
+    }
+    constexpr int kAlways = 1;
+    if (!m_Tip) m_Tip = std::make_unique<cToolTip>();
+    m_Tip->Create(m_hWnd, tip, kAlways, false, 0, {}, cToolTip::kDefaultColour, cToolTip::kDefaultColour, -1,
+                  -1);
 }
 
 void Control::Font(const ::Font& font) {

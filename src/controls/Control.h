@@ -7,6 +7,7 @@
 #include "controls/Accessible.h"
 #include "controls/Font.h"
 #include "controls/Layout.h"
+#include "controls/cToolTip.h"
 
 #include <memory>
 #include <string>
@@ -107,7 +108,7 @@ public:
     const std::u16string& Tag() const { return m_Tag; }
     void Tag(std::u16string_view tag) { m_Tag = tag; }
     const std::u16string& ToolTipText() const { return m_ToolTipText; }
-    void ToolTipText(std::u16string_view tip) { m_ToolTipText = tip; }
+    void ToolTipText(std::u16string_view tip);
     const std::u16string& AccessibleName() const { return m_AccessibleName; }
     void AccessibleName(std::u16string_view name) { m_AccessibleName = name; }
     // Place in the tab order; -1: not in it.
@@ -186,6 +187,7 @@ private:
     HWND m_hWnd = nullptr;
     WNDPROC m_SystemProcedure = nullptr;
     ControlAccessible* m_Accessible = nullptr;
+    std::unique_ptr<cToolTip> m_Tip;                       // while there is a tip text
     std::shared_ptr<int> m_Life = std::make_shared<int>(); // ends with the control
 };
 

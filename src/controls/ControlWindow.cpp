@@ -57,6 +57,7 @@ const wchar_t* Control::OwnClass() {
         kind.style = CS_DBLCLKS;
         kind.lpfnWndProc = WindowProcedure;
         kind.hInstance = GetModuleHandleW(nullptr);
+        kind.hIcon = LoadIconW(kind.hInstance, MAKEINTRESOURCEW(1));
         kind.hCursor = LoadCursorW(nullptr, MAKEINTRESOURCEW(32512));
         kind.lpszClassName = L"ZorvakControl";
         return RegisterClassW(&kind);
@@ -91,6 +92,7 @@ void Control::Detach() {
 }
 
 void Control::DestroyWindowNow() {
+    m_Tip.reset();
     if (m_hWnd) DestroyWindow(m_hWnd);
     // Had it been another thread's window, it would still be there.
     if (m_hWnd) Detach();

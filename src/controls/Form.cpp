@@ -335,12 +335,16 @@ void Form::ThemeChanged() {
     RefreshGround();
 }
 
-// Tells container and everything in it.
-void Form::TellInside(Control& container, Change what) {
-    container.Tell(what);
+// What stands in a disabled container is disabled too, and shows it.
+void Form::EnabledChanged(Control& changed) {
+    const auto tell = [](Control& control) {
+        if (control.m_hWnd) EnableWindow(control.m_hWnd, control.EnabledInAll());
+        control.Tell(Change::Enabled);
+    };
+    tell(changed);
     for (Control* control : m_Controls) {
         for (const Control* outer = control->m_Container; outer; outer = outer->m_Container) {
-            if (outer == &container) control->Tell(what);
+            if (outer == &changed) tell(*control);
         }
     }
 }
@@ -370,5 +374,6 @@ void Form::Hide() {
 
 void Form::Unload() {
     EndModal();
+    for (Control* control : m_Controls) control->m_Tip.reset();
     Base.DestroyWindowNow();
 }

@@ -106,7 +106,7 @@ private:
     void NotePlace();
     void ChangeDpi(int dpi);
     void ThemeChanged();
-    void TellInside(Control& container, Change what);
+    void EnabledChanged(Control& changed);
     void Forget(Control& control);
     void NoteFocus(Control& control) { m_LastFocus = &control; }
 

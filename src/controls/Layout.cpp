@@ -53,7 +53,7 @@ std::vector<LayoutRow> ParseLayout(std::u16string_view table) {
     for (std::u16string_view told : text::Split(table, u"\n")) {
         ++line;
         if (told.ends_with(u'\r')) told.remove_suffix(1);
-        if (told.empty() || told.starts_with(u"form\t")) continue;
+        if (told.empty() || line == 1) continue;
         const std::vector<std::u16string_view> fields = text::Split(told, u"\t");
         if (fields.size() < kFields)
             throw RuntimeFailure(kTypeMismatch, u"Layout", u"Line " + text::Decimal(line) + u" is too short");

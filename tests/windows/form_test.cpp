@@ -2,13 +2,11 @@
 #include "base/RuntimeFailure.h"
 #include "controls/ComboBox.h"
 #include "controls/Dpi.h"
-#include "controls/EventFrame.h"
-#include "controls/Form.h"
 #include "controls/Frame.h"
 #include "controls/Label.h"
 #include "controls/Painting.h"
 #include "controls/TextBox.h"
-#include "windows/Gui.h"
+#include "windows/FormTest.h"
 
 #include <gtest/gtest.h>
 
@@ -45,35 +43,10 @@ struct TestForm {
     }
 };
 
-class FormKit : public testing::Test {
-protected:
-    void SetUp() override {
-        m_Ui.Run([this] { m_Form = std::make_unique<TestForm>(); });
-        ASSERT_TRUE(gui::Activate(m_Form->Window.Base.hWnd()));
-    }
-    void TearDown() override {
-        m_Ui.Run([this] {
-            m_Form.reset();
-            EventFrame::Forget();
-        });
-    }
-    // What the UI thread says.
-    template <class Ask>
-    auto On(Ask ask) {
-        decltype(ask()) answer{};
-        m_Ui.Run([&] { answer = ask(); });
-        return answer;
-    }
-    bool FocusComesTo(const Control& control) {
-        return gui::WaitUntil([&] { return On([&] { return control.HasFocus(); }); });
-    }
-
-    gui::UiThread m_Ui;
-    std::unique_ptr<TestForm> m_Form;
-};
+using FormKit = gui::FormTest<TestForm>;
 
 TEST_F(FormKit, ControlsAreMadeFromTheTable) {
-    TestForm& form = *m_Form;
+    TestForm& form = *m_Shown;
     EXPECT_EQ(form.Window.Controls().size(), 10u);
     EXPECT_EQ(form.TextLow.Base.Name(), u"TextLow");
     EXPECT_EQ(form.TextLow.Base.TypeName(), u"TextBox");
@@ -94,7 +67,7 @@ TEST_F(FormKit, ControlsAreMadeFromTheTable) {
 }
 
 TEST_F(FormKit, TabGoesByTheNumbersAndSkipsWhatARaisedPaneCovers) {
-    TestForm& form = *m_Form;
+    TestForm& form = *m_Shown;
     ASSERT_TRUE(FocusComesTo(form.TextHigh.Base)); // 10 is covered
     gui::Type(VK_TAB);
     EXPECT_TRUE(FocusComesTo(form.ComboHigh.Base));
@@ -114,7 +87,7 @@ TEST_F(FormKit, TabGoesByTheNumbersAndSkipsWhatARaisedPaneCovers) {
 }
 
 TEST_F(FormKit, FocusMovesOnWhenItsControlIsDisabledOrHidden) {
-    TestForm& form = *m_Form;
+    TestForm& form = *m_Shown;
     ASSERT_TRUE(FocusComesTo(form.TextHigh.Base));
     m_Ui.Run([&] { form.TextHigh.Base.Enabled(false); });
     EXPECT_TRUE(FocusComesTo(form.ComboHigh.Base));
@@ -125,7 +98,7 @@ TEST_F(FormKit, FocusMovesOnWhenItsControlIsDisabledOrHidden) {
 }
 
 TEST_F(FormKit, AnAccessKeyOfALabelGoesToItsField) {
-    TestForm& form = *m_Form;
+    TestForm& form = *m_Shown;
     m_Ui.Run([&] { form.FrameLow.Base.ZOrder(); });
     gui::Key(VK_MENU, false);
     gui::Type('L');
@@ -134,7 +107,7 @@ TEST_F(FormKit, AnAccessKeyOfALabelGoesToItsField) {
 }
 
 TEST_F(FormKit, PlacesFollowTheDpi) {
-    TestForm& form = *m_Form;
+    TestForm& form = *m_Shown;
     for (const int dpi : {96, 120, 144, 192}) {
         m_Ui.Run([&] {
             const RECT suggested{20, 30, 500, 500};
@@ -160,7 +133,7 @@ TEST_F(FormKit, PlacesFollowTheDpi) {
 }
 
 TEST_F(FormKit, AFailureInAHandlerIsKeptAndEndsTheLoop) {
-    TestForm& form = *m_Form;
+    TestForm& form = *m_Shown;
     m_Ui.Run([&] {
         form.TextHigh.Change = [] { throw RuntimeFailure(kOverflow, u"test"); };
         form.TextHigh.Text(u"x"); // the system lies between: nothing is thrown here
@@ -174,48 +147,24 @@ TEST_F(FormKit, AFailureInAHandlerIsKeptAndEndsTheLoop) {
     });
 }
 
-struct Spoken {
-    std::u16string Name, Value;
-    LONG Role = 0, State = 0;
-};
-Spoken Ask(HWND window) {
-    Spoken spoken;
-    IAccessible* object = nullptr;
-    if (FAILED(AccessibleObjectFromWindow(window, static_cast<DWORD>(OBJID_CLIENT), IID_IAccessible,
-                                          reinterpret_cast<void**>(&object))))
-        return spoken;
-    VARIANT self{}, answer{};
-    self.vt = VT_I4;
-    BSTR text = nullptr;
-    if (object->get_accName(self, &text) == S_OK) spoken.Name = Units(text);
-    SysFreeString(text);
-    text = nullptr;
-    if (object->get_accValue(self, &text) == S_OK) spoken.Value = Units(text);
-    SysFreeString(text);
-    if (object->get_accRole(self, &answer) == S_OK) spoken.Role = answer.lVal;
-    if (object->get_accState(self, &answer) == S_OK) spoken.State = answer.lVal;
-    object->Release();
-    return spoken;
-}
-
 TEST_F(FormKit, ScreenReadersAreTold) {
-    TestForm& form = *m_Form;
+    TestForm& form = *m_Shown;
     ASSERT_TRUE(FocusComesTo(form.TextHigh.Base));
     m_Ui.Run([&] {
         form.TextHigh.Text(u"abc");
-        const Spoken high = Ask(form.TextHigh.Base.hWnd());
+        const gui::Spoken high = gui::Ask(form.TextHigh.Base.hWnd());
         EXPECT_EQ(high.Name, u"High:"); // its label's text
         EXPECT_EQ(high.Value, u"abc");
         EXPECT_EQ(high.Role, ROLE_SYSTEM_TEXT);
         EXPECT_EQ(high.State, STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_FOCUSED);
-        const Spoken low = Ask(form.TextLow.Base.hWnd());
+        const gui::Spoken low = gui::Ask(form.TextLow.Base.hWnd());
         EXPECT_EQ(low.Name, u"Low:");                                          // without the ampersand
         EXPECT_EQ(low.State, STATE_SYSTEM_FOCUSABLE | STATE_SYSTEM_INVISIBLE); // covered
-        EXPECT_EQ(Ask(form.ComboHigh.Base.hWnd()).Name, u"Sizes");
-        EXPECT_EQ(Ask(form.Last[0].Base.hWnd()).Name, u"The first");
+        EXPECT_EQ(gui::Ask(form.ComboHigh.Base.hWnd()).Name, u"Sizes");
+        EXPECT_EQ(gui::Ask(form.Last[0].Base.hWnd()).Name, u"The first");
         form.Last[0].Base.Enabled(false);
-        EXPECT_EQ(Ask(form.Last[0].Base.hWnd()).State, STATE_SYSTEM_UNAVAILABLE);
-        EXPECT_EQ(Ask(form.LabelHigh.Base.hWnd()).Role, ROLE_SYSTEM_STATICTEXT);
+        EXPECT_EQ(gui::Ask(form.Last[0].Base.hWnd()).State, STATE_SYSTEM_UNAVAILABLE);
+        EXPECT_EQ(gui::Ask(form.LabelHigh.Base.hWnd()).Role, ROLE_SYSTEM_STATICTEXT);
     });
 }
 
