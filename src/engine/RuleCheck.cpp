@@ -19,10 +19,12 @@ using rulesource::Message;
 using rulesource::Table;
 using View = std::u16string_view;
 
-// Longer Find texts are not searched for shorter ones.
+// Texts of a hostile table may be of any length. Longer ones than this are not searched for,
+// or in, and only their beginning is told.
 constexpr std::size_t kLongestSearched = 64;
-// Pairs of rules looked at before a hostile table is given up on.
-constexpr std::size_t kMostPairs = 20'000'000;
+constexpr std::size_t kLongestTold = 40;
+// Units looked at before the search for dead rules is given up.
+constexpr std::size_t kMostWork = 20'000'000;
 
 std::u16string LineOf(std::size_t line) {
     return u"line " + text::Decimal(static_cast<long long>(line));
@@ -103,7 +105,10 @@ public:
 private:
     void Warn(std::size_t line, std::u16string text) { m_Messages.push_back({line, false, std::move(text)}); }
 
-    std::u16string Quoted(View units) const { return u"'" + rulesource::ShowText(units, &m_Table) + u"'"; }
+    std::u16string Quoted(View units) const {
+        const bool cut = units.size() > kLongestTold;
+        return u"'" + rulesource::ShowText(units.substr(0, kLongestTold), &m_Table) + (cut ? u" ...'" : u"'");
+    }
 
     void CheckMarker(const Table::Marker& marker, View name) {
         if (marker.text.empty()) return;
@@ -111,8 +116,10 @@ private:
         if (marker.text.size() > 1)
             Warn(marker.line, the + u"is longer than one 16-bit unit; the scans for clusters do not know it");
         if (std::none_of(marker.text.begin(), marker.text.end(), IsPrivate))
-            Warn(marker.line, the + u"'" + rulesource::ShowText(marker.text) + u"'" +
+            Warn(marker.line, the + u"'" + rulesource::ShowText(View(marker.text).substr(0, kLongestTold)) +
+                                  u"'" +
                                   u" occurs in ordinary text; take a private character such as U+E001");
+        if (marker.text.size() > kLongestSearched) return;
         for (const Table::Rule& rule : m_Table.rules)
             if (rule.find.find(marker.text) != View::npos) Warn(rule.line, the + u"stands in a Find text");
     }
@@ -160,8 +167,10 @@ private:
     // True where no rule from i to j - 1 can bring forth the Find text of rule i.
     bool IsDead(std::size_t i, std::size_t j) {
         const View find = m_Table.rules[i].find;
+        if (find.size() > kLongestSearched) return false;
         for (std::size_t k = i; k < j; ++k) {
-            if (++m_Pairs > kMostPairs) return false;
+            m_Work += 1 + m_Table.rules[k].replace.size();
+            if (m_Work > kMostWork) return false;
             // A rule that never does anything makes nothing.
             if (!m_Table.rules[k].find.empty() && CanMake(m_Table.rules[k].replace, find)) return false;
         }
@@ -189,7 +198,7 @@ private:
 
     const Table& m_Table;
     std::vector<Message>& m_Messages;
-    std::size_t m_Pairs = 0;
+    std::size_t m_Work = 0;
 };
 
 } // namespace

@@ -28,71 +28,61 @@ std::u16string Number(unsigned point) {
     return made;
 }
 
-// True where an item that begins here would be read as something else than its text.
-bool NeedsNumber(View item) {
-    return item.starts_with(u"U+") || item.starts_with(u"u+") || item.starts_with(u"#") ||
-           item.starts_with(u"[") || item == u"=" || item.starts_with(u"<");
+// True where an item that begins so may be read as something else than its text.
+bool NeedsNumber(View rest) {
+    return rest.starts_with(u"U+") || rest.starts_with(u"u+") || rest[0] == u'#' || rest[0] == u'[' ||
+           rest[0] == u'<';
+}
+
+// Longer markers are written out, since they would be looked for at every unit.
+constexpr std::size_t kLongestNamed = 64;
+
+View Named(View marker) {
+    return marker.size() <= kLongestNamed ? marker : View();
 }
 
 class Writer {
 public:
-    explicit Writer(const Table* table) : m_Table(table) {}
+    explicit Writer(const Table* table) {
+        if (!table) return;
+        m_Reph = Named(table->reph.text);
+        m_YaPhala = Named(table->yaPhala.text);
+    }
 
     std::u16string Write(View units) {
-        std::size_t at = 0;
-        while (at < units.size()) {
-            const View rest = units.substr(at);
-            if (m_Table && !m_Table->reph.text.empty() && rest.starts_with(m_Table->reph.text)) {
-                Item(u"<reph>");
-                at += m_Table->reph.text.size();
-            } else if (m_Table && !m_Table->yaPhala.text.empty() && rest.starts_with(m_Table->yaPhala.text)) {
-                Item(u"<ya-phala>");
-                at += m_Table->yaPhala.text.size();
-            } else if (IsPlain(rest[0])) {
-                at += Literal(rest);
-            } else {
-                at += Numbered(rest);
-            }
-        }
+        while (!units.empty()) units.remove_prefix(WriteItem(units));
         return m_Made;
     }
 
 private:
-    void Item(View item) {
-        if (!m_Made.empty()) m_Made += u' ';
-        m_Made += item;
-    }
+    static bool Begins(View rest, View marker) { return !marker.empty() && rest.starts_with(marker); }
+    bool BeginsMarker(View rest) const { return Begins(rest, m_Reph) || Begins(rest, m_YaPhala); }
 
-    // Up to the next unit that is not plain or begins a marker.
-    std::size_t Literal(View rest) {
-        std::size_t length = 1;
-        while (length < rest.size() && IsPlain(rest[length]) && !BeginsMarker(rest.substr(length))) ++length;
-        const View item = rest.substr(0, length);
-        if (NeedsNumber(item)) {
-            Item(Number(item[0]));
-            return 1;
+    // Writes one item and returns how many units it stands for.
+    std::size_t WriteItem(View rest) {
+        if (Begins(rest, m_Reph)) return Item(u"<reph>", m_Reph.size());
+        if (Begins(rest, m_YaPhala)) return Item(u"<ya-phala>", m_YaPhala.size());
+        if (IsPlain(rest[0]) && !NeedsNumber(rest)) {
+            std::size_t length = 1;
+            while (length < rest.size() && IsPlain(rest[length]) && !BeginsMarker(rest.substr(length)))
+                ++length;
+            const View literal = rest.substr(0, length);
+            if (literal != u"=") return Item(literal, length);
         }
-        Item(item);
-        return length;
-    }
-
-    bool BeginsMarker(View rest) const {
-        return m_Table && ((!m_Table->reph.text.empty() && rest.starts_with(m_Table->reph.text)) ||
-                           (!m_Table->yaPhala.text.empty() && rest.starts_with(m_Table->yaPhala.text)));
-    }
-
-    std::size_t Numbered(View rest) {
         const bool pair = rest.size() > 1 && (rest[0] & 0xFC00) == 0xD800 && (rest[1] & 0xFC00) == 0xDC00 &&
                           !BeginsMarker(rest.substr(1));
-        if (!pair) {
-            Item(Number(rest[0]));
-            return 1;
-        }
-        Item(Number(((rest[0] - 0xD7C0u) << 10) + (rest[1] & 0x3FFu)));
-        return 2;
+        if (pair) return Item(Number(((rest[0] - 0xD7C0u) << 10) + (rest[1] & 0x3FFu)), 2);
+        return Item(Number(rest[0]), 1);
     }
 
-    const Table* m_Table;
+    std::size_t Item(View item, std::size_t units) {
+        if (!m_Made.empty()) m_Made += u' ';
+        m_Made += item;
+        return units;
+    }
+
+    View m_Reph;
+    View m_YaPhala;
     std::u16string m_Made;
 };
 

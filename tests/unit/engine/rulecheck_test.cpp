@@ -114,6 +114,19 @@ TEST(RuleCheck, HostileTableEnds) {
     EXPECT_FALSE(Warnings(table).empty());
 }
 
+TEST(RuleCheck, LongTextsOfAHostileTable) {
+    const std::u16string many(200000, u'a');
+    Table table = TableOf({{many, many}, {many + u"b", u"a"}, {many, many}});
+    table.reph.text = many + u"#";
+    table.yaPhala.text = std::u16string(200000, u'#');
+    for (const Message& message : Warnings(table)) EXPECT_LT(message.text.size(), 1000u);
+    std::vector<Message> messages;
+    const Table back = Parse(text::ToUtf8(Show(table)), messages);
+    EXPECT_TRUE(messages.empty());
+    EXPECT_EQ(back.yaPhala.text, table.yaPhala.text);
+    EXPECT_EQ(back.rules[1].find, table.rules[1].find);
+}
+
 // What is said never to match matches in no line: random tables, random lines.
 TEST(RuleCheck, NeverIsNever) {
     std::mt19937 random(99);
