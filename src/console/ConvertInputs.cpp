@@ -65,9 +65,10 @@ void AddFolder(const std::u16string& folder, std::u16string_view suffix, std::ve
             items.push_back(Judge(path));
     }
     if (unknown > 0)
-        items.push_back({Task::Skip, folder,
+        items.push_back({Task::Skip,
                          text::Decimal(static_cast<long long>(unknown)) +
-                             (unknown == 1 ? u" file of an unknown kind" : u" files of an unknown kind")});
+                             (unknown == 1 ? u" file in " : u" files in ") + folder,
+                         u"unknown kind"});
 }
 
 } // namespace

@@ -25,7 +25,7 @@ bool IsOwnOutput(std::u16string_view name, std::u16string_view suffix,
 struct Item {
     enum class Task { Convert, Fail, Skip };
     Task task;
-    std::u16string path;   // absolute
+    std::u16string path;   // absolute; of Skip, what was skipped
     std::u16string reason; // of Fail and Skip
 };
 

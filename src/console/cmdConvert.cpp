@@ -110,14 +110,13 @@ void Warn(std::u16string_view path, const Options& options) {
         break;
     case sourcecheck::Finding::Utf8:
         terminal::PrintError(u"warning: " + name +
-                             u" is read as ANSI, but is valid UTF-8; if it holds legacy text as UTF-8, use\n"
-                             u"  zorvak text --input utf-8 --output utf-16 <SOURCE >RESULT");
+                             u" is read as ANSI, but is valid UTF-8: it may be Unicode already; legacy text "
+                             u"saved as UTF-8 is converted by 'zorvak text --input utf-8'");
         break;
     case sourcecheck::Finding::BigEndian:
         terminal::PrintError(u"warning: " + name +
-                             u" is read as ANSI, but begins with the mark of big-endian UTF-16;\n"
-                             u"  save it as little-endian UTF-16 first, as with\n"
-                             u"  iconv -f UTF-16 -t UTF-16LE <SOURCE >COPY.txt, and use --encoding utf-16");
+                             u" is read as ANSI, but begins with the mark of big-endian UTF-16: save it as "
+                             u"little-endian UTF-16 and use --encoding utf-16");
         break;
     }
 }
