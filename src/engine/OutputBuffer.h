@@ -1,4 +1,4 @@
-// Bytes on their way out: grows without clearing what it grows by.
+// Room that grows without clearing what it grows by.
 #pragma once
 
 #include <algorithm>
@@ -7,36 +7,53 @@
 #include <new>
 #include <string_view>
 
-class OutputBuffer {
+template <class T>
+class RawBuffer {
 public:
-    OutputBuffer() = default;
-    ~OutputBuffer() { std::free(m_Data); }
-    OutputBuffer(const OutputBuffer&) = delete;
-    OutputBuffer& operator=(const OutputBuffer&) = delete;
+    RawBuffer() = default;
+    ~RawBuffer() { std::free(m_Data); }
+    RawBuffer(const RawBuffer&) = delete;
+    RawBuffer& operator=(const RawBuffer&) = delete;
 
-    const char* Data() const { return m_Data; }
+    T* Data() { return m_Data; }
+    const T* Data() const { return m_Data; }
     std::size_t Size() const { return m_Size; }
-    std::string_view View() const { return {m_Data, m_Size}; }
-    void Clear() { m_Size = 0; }
+    std::basic_string_view<T> View() const { return {m_Data, m_Size}; }
 
-    // Where the next bytes go, with room for at least this many.
-    char* Room(std::size_t bytes) {
-        if (m_Capacity - m_Size < bytes) Grow(bytes);
+    // Where the next elements go, with room for at least this many.
+    T* Room(std::size_t more) {
+        if (m_Capacity - m_Size < more) Grow(more);
         return m_Data + m_Size;
     }
-    // Bytes written behind Room become part of the buffer.
-    void Add(std::size_t bytes) { m_Size += bytes; }
+    // Elements written behind Room become part of the buffer.
+    void Add(std::size_t more) { m_Size += more; }
+    // What lies behind size, up to the room taken, stays where it is.
+    void SetSize(std::size_t size) { m_Size = size; }
+    void Clear() { m_Size = 0; }
+    void Append(std::basic_string_view<T> elements) {
+        std::copy(elements.begin(), elements.end(), Room(elements.size()));
+        m_Size += elements.size();
+    }
+    void Swap(RawBuffer& other) {
+        std::swap(m_Data, other.m_Data);
+        std::swap(m_Size, other.m_Size);
+        std::swap(m_Capacity, other.m_Capacity);
+    }
 
 private:
-    void Grow(std::size_t bytes) {
-        const std::size_t capacity = std::max(m_Size + bytes, m_Capacity + m_Capacity / 2);
-        void* const data = std::realloc(m_Data, capacity);
+    void Grow(std::size_t more) {
+        const std::size_t capacity = std::max({m_Size + more, m_Capacity + m_Capacity / 2, std::size_t{64}});
+        void* const data = std::realloc(m_Data, capacity * sizeof(T));
         if (data == nullptr) throw std::bad_alloc();
-        m_Data = static_cast<char*>(data);
+        m_Data = static_cast<T*>(data);
         m_Capacity = capacity;
     }
 
-    char* m_Data = nullptr;
+    T* m_Data = nullptr;
     std::size_t m_Size = 0;
     std::size_t m_Capacity = 0;
 };
+
+// Bytes on their way out, and a line of code units that is worked on.
+using OutputBuffer = RawBuffer<char>;
+using UnitBuffer = RawBuffer<char16_t>;
