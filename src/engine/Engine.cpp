@@ -1,26 +1,144 @@
+// From fast to slow: the machine for rules and passes; the machine for rules alone, then the
+// passes over the line; rule after rule, then the passes. Markers that the linear passes do not
+// take make the passes literal and leave the machine with the rules.
+//
 // Tested by tests/unit/engine/clsConvert_test.cpp and Differential_test.cpp.
 
 #include "engine/Engine.h"
 
-#include "base/RuntimeFailure.h"
+#include "base/Text.h"
+#include "engine/BanglaUnits.h"
 #include "engine/LiteralPasses.h"
 #include "engine/PlainRules.h"
+
+namespace {
+
+std::u16string Widen(std::string_view cp1252) {
+    return text::FromCp1252(cp1252);
+}
+std::u16string_view Widen(std::u16string_view units) {
+    return units;
+}
+
+} // namespace
+
+void Engine::Load(std::u16string_view payload) {
+    try {
+        m_Table.Read(payload);
+    } catch (const RuntimeFailure&) {
+        Derive();
+        throw;
+    }
+    Derive();
+}
+
+void Engine::UnLoad() {
+    m_Table.Erase();
+    Derive();
+}
 
 void Engine::CheckTable() const {
     if (m_Table.IsErased()) throw RuntimeFailure(kSubscriptOutOfRange, u"clsConvert");
     if (m_Table.m_Find.size() > RuleTable::kMostRules) throw RuntimeFailure(kOverflow, u"clsConvert");
 }
 
-std::u16string Engine::ConvertLine(std::u16string_view line) const {
-    std::u16string work(line);
-    std::u16string spare;
-    ApplyRules(m_Table, work, spare);
+void Engine::Derive() {
+    m_Words.reset();
+    for (Fast* fast : {&m_Whole, &m_Rules}) {
+        fast->machine.reset();
+        fast->rest = 0;
+    }
+    if (m_Table.IsErased() || m_Table.m_Find.size() > RuleTable::kMostRules) return;
+    const std::u16string& reph = m_Table.m_RephMarker;
+    const std::u16string& yaPhala = m_Table.m_YaPhalaMarker;
+    m_OrdinaryMarkers =
+        bangla::IsOrdinaryMarker(reph) && bangla::IsOrdinaryMarker(yaPhala) && reph != yaPhala;
+    m_Chain.Build(m_Table);
+    m_Growth.Build(m_Table);
+    std::u16string known = m_Chain.UnitsInFinds();
+    for (char16_t unit = 0x0980; unit < 0x0A00; ++unit) {
+        if (bangla::ClassOf(unit) != 0) known += unit;
+    }
+    if (m_OrdinaryMarkers) {
+        m_Passes.SetMarkers(reph[0], yaPhala[0]);
+        known += reph + yaPhala;
+    }
+    if (!m_Alphabet.Build(known)) return;
+    m_Rules.machine.emplace(m_Alphabet, m_Chain, nullptr, m_Limits.Machine);
+    if (!m_OrdinaryMarkers) return;
+    m_Segments.Build();
+    m_Whole.machine.emplace(m_Alphabet, m_Chain, &m_Segments, m_Limits.Machine);
+    m_Words.emplace(*m_Whole.machine, m_Limits.MemoBits);
+}
+
+void Engine::LetRest(Fast& fast) const {
+    if (fast.machine->LineAskedForTooMuch()) fast.rest = m_Limits.LinesAfterGivingUp;
+}
+
+template <class Unit>
+bool Engine::ConvertWhole(std::basic_string_view<Unit> block, std::size_t start, std::size_t length,
+                          UnitBuffer& output) {
+    const std::basic_string_view<Unit> line = block.substr(start, length);
+    if (!m_Whole.Ready() || m_Growth.MayOutgrow(line)) return false;
+    const std::size_t before = output.Size();
+    if constexpr (sizeof(Unit) == 1) {
+        if (m_Words->Convert(block, start, length, output)) return true;
+    } else {
+        Machine& machine = *m_Whole.machine;
+        machine.BeginLine(length);
+        const std::uint32_t state = machine.Run(machine.Start(), line.data(), length, output);
+        if (state != Machine::kGaveUp && machine.Finish(state, output)) return true;
+    }
+    output.SetSize(before);
+    LetRest(m_Whole);
+    return false;
+}
+
+template <class Unit>
+void Engine::Convert(std::basic_string_view<Unit> block, std::size_t start, std::size_t length,
+                     UnitBuffer& output) {
+    if (!ConvertWhole(block, start, length, output))
+        ConvertByLine(Widen(block.substr(start, length)), output);
+}
+
+template void Engine::Convert(std::string_view, std::size_t, std::size_t, UnitBuffer&);
+template void Engine::Convert(std::u16string_view, std::size_t, std::size_t, UnitBuffer&);
+
+void Engine::ConvertByLine(std::u16string_view line, UnitBuffer& output) {
+    if (!ApplyRulesFast(line)) {
+        m_Work.assign(line);
+        ApplyRules(m_Table, m_Work, m_Spare);
+        m_Line.Clear();
+        m_Line.Append(m_Work);
+    }
+    ApplyPasses();
+    output.Append(m_Line.View());
+}
+
+bool Engine::ApplyRulesFast(std::u16string_view line) {
+    if (!m_Rules.Ready() || m_Growth.MayOutgrow(line)) return false;
+    Machine& machine = *m_Rules.machine;
+    m_Line.Clear();
+    machine.BeginLine(line.size());
+    const std::uint32_t state = machine.Run(machine.Start(), line.data(), line.size(), m_Line);
+    if (state != Machine::kGaveUp && machine.Finish(state, m_Line)) return true;
+    LetRest(m_Rules);
+    return false;
+}
+
+void Engine::ApplyPasses() {
+    if (m_OrdinaryMarkers) {
+        m_Passes.Run(m_Line);
+        return;
+    }
+    m_Work.assign(m_Line.View());
     const literal::Markers markers{m_Table.m_RephMarker, m_Table.m_YaPhalaMarker};
-    literal::ResolveReph(work, markers);
-    literal::ReorderChandrabindu(work, markers);
-    literal::ResolveYaPhala(work, markers);
-    literal::ComposeAa(work);
-    literal::ReorderPreBaseKars(work);
-    literal::ComposeSplitKars(work);
-    return work;
+    literal::ResolveReph(m_Work, markers);
+    literal::ReorderChandrabindu(m_Work, markers);
+    literal::ResolveYaPhala(m_Work, markers);
+    m_Line.Clear();
+    m_Line.Append(m_Work);
+    m_Passes.ComposeAa(m_Line);
+    m_Passes.ReorderPreBaseKars(m_Line);
+    m_Passes.ComposeSplitKars(m_Line);
 }

@@ -1,16 +1,83 @@
-// What clsConvert is made of: the table as loaded and the conversion of a line.
+// What clsConvert is made of: the table as loaded, and everything that is derived from it to
+// convert fast. Each way to convert a line gives the same; the faster ones give up where they
+// do not fit.
 #pragma once
 
+#include "base/RuntimeFailure.h"
+#include "engine/Alphabet.h"
+#include "engine/Growth.h"
+#include "engine/LinearPasses.h"
+#include "engine/Machine.h"
+#include "engine/OutputBuffer.h"
+#include "engine/RuleChain.h"
 #include "engine/RuleTable.h"
+#include "engine/Segments.h"
+#include "engine/WordRun.h"
 
+#include <optional>
 #include <string>
 #include <string_view>
 
+struct EngineLimits {
+    unsigned MemoBits = 18; // size of the word memo
+    MachineLimits Machine;
+    std::size_t LinesAfterGivingUp = 64; // converted without the machine before it is tried again
+};
+
 class Engine {
 public:
-    RuleTable m_Table;
+    explicit Engine(const EngineLimits& limits = {}) : m_Limits(limits), m_Segments(m_Passes) {}
+    Engine(const Engine&) = delete;
+    Engine& operator=(const Engine&) = delete;
 
+    // Reads a payload; raises what RuleTable::Read raises, with what was read in force.
+    void Load(std::u16string_view payload);
+    void UnLoad();
     // Raises what concerns the table as a whole.
     void CheckTable() const;
-    std::u16string ConvertLine(std::u16string_view line) const;
+
+    // Appends what the line at block[start] becomes; raises the failures of a line, and output may
+    // then have grown. Unit is char for cp1252 or char16_t.
+    template <class Unit>
+    void Convert(std::basic_string_view<Unit> block, std::size_t start, std::size_t length,
+                 UnitBuffer& output);
+
+    // The same without the machine for the whole conversion.
+    void ConvertByLine(std::u16string_view line, UnitBuffer& output);
+    // Null where markers or the table rule it out.
+    const Machine* WholeMachine() const { return m_Whole.machine ? &*m_Whole.machine : nullptr; }
+
+private:
+    // A machine and how long it is left alone after it gave up.
+    struct Fast {
+        std::optional<Machine> machine;
+        std::size_t rest = 0;
+        bool Ready() {
+            if (!machine || !machine->Pays()) return false;
+            if (rest == 0) return true;
+            --rest;
+            return false;
+        }
+    };
+
+    void Derive();
+    void ApplyPasses();
+    template <class Unit>
+    bool ConvertWhole(std::basic_string_view<Unit> block, std::size_t start, std::size_t length,
+                      UnitBuffer& output);
+    bool ApplyRulesFast(std::u16string_view line);
+    void LetRest(Fast& fast) const;
+
+    RuleTable m_Table;
+    EngineLimits m_Limits;
+    RuleChain m_Chain;
+    Growth m_Growth;
+    Alphabet m_Alphabet;
+    LinearPasses m_Passes;
+    Segments m_Segments;
+    bool m_OrdinaryMarkers = false;
+    Fast m_Whole, m_Rules;
+    std::optional<WordRun> m_Words; // by m_Whole
+    UnitBuffer m_Line;
+    std::u16string m_Work, m_Spare;
 };

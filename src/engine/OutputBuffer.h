@@ -1,4 +1,4 @@
-// Room that grows without clearing what it grows by.
+// Converted text: its encoding, and room that grows without clearing what it grows by.
 #pragma once
 
 #include <algorithm>
@@ -6,6 +6,10 @@
 #include <cstdlib>
 #include <new>
 #include <string_view>
+#include <utility>
+
+// Utf16 is little-endian without a mark.
+enum class OutputEncoding { Utf8, Utf16 };
 
 template <class T>
 class RawBuffer {
@@ -34,13 +38,19 @@ public:
         std::copy(elements.begin(), elements.end(), Room(elements.size()));
         m_Size += elements.size();
     }
-    void Swap(RawBuffer& other) {
-        std::swap(m_Data, other.m_Data);
-        std::swap(m_Size, other.m_Size);
-        std::swap(m_Capacity, other.m_Capacity);
+    // Takes over the bytes of other, which must be whole elements, and leaves it empty.
+    template <class U>
+    void Adopt(RawBuffer<U>& other) {
+        std::free(m_Data);
+        m_Data = reinterpret_cast<T*>(std::exchange(other.m_Data, nullptr));
+        m_Size = std::exchange(other.m_Size, 0) * sizeof(U) / sizeof(T);
+        m_Capacity = std::exchange(other.m_Capacity, 0) * sizeof(U) / sizeof(T);
     }
 
 private:
+    template <class U>
+    friend class RawBuffer;
+
     void Grow(std::size_t more) {
         const std::size_t capacity = std::max({m_Size + more, m_Capacity + m_Capacity / 2, std::size_t{64}});
         void* const data = std::realloc(m_Data, capacity * sizeof(T));

@@ -27,6 +27,7 @@ namespace {
 constexpr std::uint32_t kNone = 0xFFFFFFFF;
 constexpr std::size_t kMostArriving = 16;
 constexpr int kArriveBudget = 64;
+constexpr std::size_t kMostSteps = 1u << 16;
 
 } // namespace
 
@@ -103,6 +104,7 @@ std::uint32_t RuleChain::NextReacting(std::uint32_t level, char16_t unit) const 
 void RuleChain::SetProgress(const std::vector<Progress>& progress) {
     for (std::uint32_t rule; (rule = NextInProgress(0)) != kNone;) SetMatched(rule, 0);
     for (const Progress& p : progress) SetMatched(p.Rule, p.Matched);
+    m_StepsLeft = kMostSteps;
 }
 
 void RuleChain::GetProgress(std::vector<Progress>& progress) const {
@@ -155,7 +157,10 @@ void RuleChain::Run(std::u16string& output) {
         char16_t unit = top.unit;
         if (top.units != nullptr) unit = *top.units++;
         if (--top.length == 0) m_Stack.pop_back();
-        ++m_Steps;
+        if (m_StepsLeft == 0 || --m_StepsLeft == 0) {
+            m_Stack.clear();
+            return;
+        }
         const std::uint32_t rule = NextReacting(level, unit);
         if (rule == kNone) {
             output += unit;
@@ -207,33 +212,44 @@ bool RuleChain::Arrive(char16_t unit, std::uint32_t level, std::uint32_t target,
     }
 }
 
+// Collects what can arrive next at the rule target, with source the nearest rule before it that
+// holds text: the first unit held, or the first that comes in its place.
+bool RuleChain::FindArriving(std::uint32_t source, std::uint32_t target) {
+    const Rule& from = m_Rules[source];
+    m_Arriving.clear();
+    int budget = kArriveBudget;
+    return from.replace.size() > from.common && Arrive(from.find[from.common], source + 1, target, budget) &&
+           Arrive(from.replace[from.common], source + 1, target, budget);
+}
+
 void RuleChain::Settle(std::u16string& output) {
     std::uint32_t source = kNone; // the nearest earlier rule that holds text
     for (std::uint32_t number = 0; (number = NextInProgress(number)) != kNone; ++number) {
         const Rule& rule = m_Rules[number];
         const std::uint32_t before = m_Matched[number];
-        if (source != kNone) {
-            const Rule& from = m_Rules[source];
-            m_Arriving.clear();
-            int budget = kArriveBudget;
-            const bool few = from.replace.size() > from.common &&
-                             Arrive(from.find[from.common], source + 1, number, budget) &&
-                             Arrive(from.replace[from.common], source + 1, number, budget);
-            if (few) {
-                std::uint32_t longest = 0;
-                for (const char16_t unit : m_Arriving) {
-                    std::uint32_t matched = before;
-                    if (Extends(rule, matched, unit)) longest = std::max(longest, matched);
-                }
-                if (longest < before) {
-                    const std::uint32_t given = Given(rule, before);
-                    const std::uint32_t out = before - longest + Given(rule, longest);
-                    SetMatched(number, longest);
-                    PushSegment(rule.find.substr(given, out - given), number + 1);
-                    Run(output);
-                }
+        if (source != kNone && FindArriving(source, number)) {
+            std::uint32_t longest = 0;
+            for (const char16_t unit : m_Arriving) {
+                std::uint32_t matched = before;
+                if (Extends(rule, matched, unit)) longest = std::max(longest, matched);
+            }
+            if (longest < before) {
+                const std::uint32_t given = Given(rule, before);
+                const std::uint32_t out = before - longest + Given(rule, longest);
+                SetMatched(number, longest);
+                PushSegment(rule.find.substr(given, out - given), number + 1);
+                Run(output);
             }
         }
         if (m_Matched[number] > rule.common) source = number;
     }
+}
+
+const std::u16string* RuleChain::NextOut() {
+    std::uint32_t source = kNone;
+    for (std::uint32_t number = 0; (number = NextInProgress(number)) != kNone; ++number) {
+        if (m_Matched[number] > m_Rules[number].common) source = number;
+    }
+    if (source == kNone || !FindArriving(source, static_cast<std::uint32_t>(m_Rules.size()))) return nullptr;
+    return &m_Arriving;
 }

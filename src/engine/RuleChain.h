@@ -31,9 +31,15 @@ public:
     // Lets rules give up hope that what is held before them cannot fulfil.
     void Settle(std::u16string& output);
 
+    // The units that can come out of the chain next, whatever is pushed; null where nothing is
+    // known about it.
+    const std::u16string* NextOut();
+
     // The units that some rule begins with or waits for.
     const std::u16string& UnitsInFinds() const { return m_UnitsInFinds; }
-    std::uint64_t Steps() const { return m_Steps; }
+    // False where a call since the last SetProgress was broken off because it went on for too
+    // long; what it gave out is then not all.
+    bool Completed() const { return m_StepsLeft > 0; }
 
 private:
     struct Rule {
@@ -61,6 +67,7 @@ private:
     void PushSegment(std::u16string_view units, std::uint32_t level);
     void React(std::uint32_t rule, char16_t unit);
     void Run(std::u16string& output);
+    bool FindArriving(std::uint32_t source, std::uint32_t target);
     bool Arrive(char16_t unit, std::uint32_t level, std::uint32_t target, int& budget);
 
     std::vector<Rule> m_Rules;
@@ -72,5 +79,5 @@ private:
     std::vector<std::uint64_t> m_InProgress, m_InProgressWords; // bit maps of two levels
     std::vector<Segment> m_Stack;
     std::u16string m_Arriving;
-    std::uint64_t m_Steps = 0;
+    std::size_t m_StepsLeft = 0;
 };

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "base/RuntimeFailure.h"
+#include "engine/Blocks.h"
 #include "engine/OutputBuffer.h"
 
 #include <cstddef>
@@ -14,21 +15,6 @@
 class Engine;
 class clsCryptoAPI;
 struct CryptoOperations;
-
-// What ends a line of a block. Lf: LF, with a CR in front of it if there is one. CrLf: CR LF
-// and nothing else. Either is kept as it stood and never reaches the conversion.
-enum class LineEnd { Lf, CrLf };
-// How converted text is written. Utf16 is little-endian without a mark.
-enum class OutputEncoding { Utf8, Utf16 };
-
-// A line of a block that could not be converted.
-struct LineFailure {
-    std::size_t Line; // in its block, 1-based
-    std::u16string Legacy;
-    RuntimeFailure Failure;
-};
-// Told of each such line. True leaves the line as it was and goes on, false stops.
-using OnLineFailure = std::function<bool(const LineFailure&)>;
 
 class clsConvert {
 public:
@@ -67,4 +53,5 @@ private:
 
     std::unique_ptr<clsCryptoAPI> m_Crypto;
     std::unique_ptr<Engine> m_Engine;
+    UnitBuffer m_Line;
 };

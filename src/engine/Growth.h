@@ -1,0 +1,23 @@
+// How long a line can become.
+#pragma once
+
+#include "engine/RuleTable.h"
+
+#include <string_view>
+#include <vector>
+
+class Growth {
+public:
+    void Build(const RuleTable& table);
+    // False where it is certain that neither the rules nor the passes, at any step, make the
+    // line longer than kLongestLine.
+    template <class Unit>
+    bool MayOutgrow(std::basic_string_view<Unit> line) const;
+
+private:
+    double Weight(char16_t unit) const { return m_Weights[unit]; }
+    double Weight(char byte) const;
+
+    std::vector<float> m_Weights; // by unit
+    double m_Heaviest = 1;
+};
