@@ -3,6 +3,7 @@
 #include "controls/MSubclass.h"
 
 #include "base/RuntimeFailure.h"
+#include "controls/EventFrame.h"
 
 #include <cstdio>
 #include <cwchar>
@@ -92,11 +93,12 @@ BOOL CALLBACK RemoveOurs(HWND window, LPWSTR name, HANDLE, ULONG_PTR) {
 }
 
 // One message on its way through the clients; keeps the module's variables right when
-// dispatches nest and when a client throws.
+// dispatches nest and when a client fails.
 class Dispatch {
 public:
-    Dispatch(HWND window, UINT message, WNDPROC previous)
-        : m_Window(window), m_OuterMessage(g_Message), m_OuterPrevious(g_Previous), m_Previous(previous) {
+    Dispatch(HWND window, UINT message, WPARAM wParam, LPARAM lParam, WNDPROC previous)
+        : m_Window(window), m_Message(message), m_WParam(wParam), m_LParam(lParam), m_Previous(previous),
+          m_OuterMessage(g_Message), m_OuterPrevious(g_Previous) {
         g_Message = message;
         g_Previous = previous;
     }
@@ -107,50 +109,59 @@ public:
     Dispatch(const Dispatch&) = delete;
     Dispatch& operator=(const Dispatch&) = delete;
 
-    LRESULT Run(UINT message, WPARAM wParam, LPARAM lParam) {
-        // A client may attach, detach, end itself, or destroy the window: so the list is
-        // copied, and a client must still stand in the window's own before it is touched.
-        std::vector<ISubclass*> clients;
-        const int count = Number(m_Window, Key::Clients(m_Window, message));
-        for (int n = 1; n <= count; ++n) clients.push_back(Client(m_Window, message, n));
-
-        LRESULT result = 0;
+    LRESULT Run() noexcept {
         int response = ISubclass::kClientFirst;
-        bool previousRan = false;
-        auto callPrevious = [&] {
-            previousRan = true;
-            result = CallWindowProcW(m_Previous, m_Window, message, wParam, lParam);
-        };
-        auto attached = [&](ISubclass* client) { return FindClient(m_Window, message, client) != 0; };
-        for (ISubclass* client : clients) {
-            if (!attached(client)) continue;
-            response = client->MsgResponse();
-            if (client == clients.front() && response == ISubclass::kPreviousFirst) {
-                callPrevious();
-                if (!attached(client)) continue;
-            }
-            result = client->WindowProc(m_Window, message, wParam, lParam);
-            if (attached(client)) response = client->MsgResponse();
-        }
-        if (response == ISubclass::kClientFirst && !previousRan && IsWindow(m_Window)) callPrevious();
-        return result;
+        // Where a client fails, the window still gets its message.
+        EventFrame::Run([&] { response = CallClients(); });
+        if (response == ISubclass::kClientFirst && !m_PreviousRan && IsWindow(m_Window)) CallPrevious();
+        return m_Result;
     }
 
 private:
+    // The response of the last client. A client may attach, detach, end itself, or destroy
+    // the window: so the list is copied, and a client must still stand in the window's own
+    // before it is touched.
+    int CallClients() {
+        std::vector<ISubclass*> clients;
+        const int count = Number(m_Window, Key::Clients(m_Window, m_Message));
+        for (int n = 1; n <= count; ++n) clients.push_back(Client(m_Window, m_Message, n));
+
+        int response = ISubclass::kClientFirst;
+        for (ISubclass* client : clients) {
+            if (!IsAttached(client)) continue;
+            response = client->MsgResponse();
+            if (client == clients.front() && response == ISubclass::kPreviousFirst) {
+                CallPrevious();
+                if (!IsAttached(client)) continue;
+            }
+            m_Result = client->WindowProc(m_Window, m_Message, m_WParam, m_LParam);
+            if (IsAttached(client)) response = client->MsgResponse();
+        }
+        return response;
+    }
+    bool IsAttached(ISubclass* client) const { return FindClient(m_Window, m_Message, client) != 0; }
+    void CallPrevious() {
+        m_PreviousRan = true;
+        m_Result = CallWindowProcW(m_Previous, m_Window, m_Message, m_WParam, m_LParam);
+    }
+
     HWND m_Window;
+    UINT m_Message;
+    WPARAM m_WParam;
+    LPARAM m_LParam;
+    WNDPROC m_Previous;
     UINT m_OuterMessage;
     WNDPROC m_OuterPrevious;
-    WNDPROC m_Previous;
+    LRESULT m_Result = 0;
+    bool m_PreviousRan = false;
 };
 
 LRESULT CALLBACK SharedProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     WNDPROC previous = PreviousProcedure(window);
     if (!previous) previous = DefWindowProcW;
-    LRESULT result;
-    if (Number(window, Key::Clients(window, message)) == 0)
-        result = CallWindowProcW(previous, window, message, wParam, lParam);
-    else
-        result = Dispatch(window, message, previous).Run(message, wParam, lParam);
+    const bool handled = !EventFrame::Ending() && Number(window, Key::Clients(window, message)) != 0;
+    const LRESULT result = handled ? Dispatch(window, message, wParam, lParam, previous).Run()
+                                   : CallWindowProcW(previous, window, message, wParam, lParam);
     if (message == WM_NCDESTROY) {
         ReleaseWindow(window);
         EnumPropsExW(window, RemoveOurs, 0);

@@ -2,6 +2,7 @@
 
 #include "controls/cSizeMoveHelper.h"
 
+#include "controls/Events.h"
 #include "controls/MSubclass.h"
 
 #include <cstdlib>
@@ -80,36 +81,28 @@ int cSizeMoveHelper::MsgResponse() {
 }
 
 LRESULT cSizeMoveHelper::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) {
-    // The copies keep a handler alive that ends the helper or puts another in its place.
     switch (iMsg) {
-    case WM_ENTERSIZEMOVE: {
+    case WM_ENTERSIZEMOVE:
         *m_InSizeMove = true;
-        const auto event = EnterSizeMove;
-        if (event) event();
+        Raise(EnterSizeMove);
         break;
-    }
     case WM_EXITSIZEMOVE: {
-        const auto event = ExitSizeMove;
         const auto note = m_InSizeMove;
-        if (event) event();
+        Raise(ExitSizeMove);
         *note = false;
         break;
     }
     case WM_DESTROY:
         Detach();
         break;
-    case WM_ACTIVATE: {
+    case WM_ACTIVATE:
         m_Active = LOWORD(wParam) != WA_INACTIVE;
         ApplyDragSetting();
-        if (m_Active) {
-            const auto event = Activate;
-            if (event) event(LOWORD(wParam) == WA_CLICKACTIVE);
-        } else {
-            const auto event = Deactivate;
-            if (event) event();
-        }
+        if (m_Active)
+            Raise(Activate, LOWORD(wParam) == WA_CLICKACTIVE);
+        else
+            Raise(Deactivate);
         break;
-    }
     case WM_SIZE: {
         if (*m_InSizeMove) break;
         RECT place{};
@@ -127,11 +120,9 @@ LRESULT cSizeMoveHelper::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM 
     return 0;
 }
 
-void cSizeMoveHelper::Steer(RECT& place, const std::function<void(LONG&, LONG&, LONG&, LONG&)>& handler) {
-    const auto event = handler;
-    if (!event) return;
+void cSizeMoveHelper::Steer(RECT& place, const std::function<void(LONG&, LONG&, LONG&, LONG&)>& event) {
     LONG left = place.left, top = place.top;
     LONG width = place.right - place.left, height = place.bottom - place.top;
-    event(left, top, width, height);
+    Raise(event, left, top, width, height);
     place = {left, top, left + width, top + height};
 }

@@ -41,10 +41,6 @@ std::u16string WithLineBreaks(const std::u16string& text) {
     return text::ReplaceAll(text, u"|", u"\r\n");
 }
 
-COLORREF Resolve(std::uint32_t colour) {
-    return colour & 0x80000000 ? GetSysColor(static_cast<int>(colour & 0xFF)) : colour;
-}
-
 } // namespace
 
 cToolTip::~cToolTip() {
@@ -60,8 +56,8 @@ void cToolTip::Remove() {
 }
 
 bool cToolTip::Create(HWND control, std::u16string_view text, int style, bool centered, int icon,
-                      std::u16string_view title, std::uint32_t foreColour, std::uint32_t backColour,
-                      int popupTime, int hoverTime) {
+                      std::u16string_view title, OleColour foreColour, OleColour backColour, int popupTime,
+                      int hoverTime) {
     Remove();
     m_InitialText = m_Text = text;
     m_InitialTitle = m_Title = title;
@@ -160,21 +156,21 @@ void cToolTip::Centered(bool centered) {
     }
 }
 
-void cToolTip::ForeCol(std::uint32_t colour) {
+void cToolTip::ForeCol(OleColour colour) {
     m_ForeColour = colour;
     ShowColours();
 }
 
-void cToolTip::BackCol(std::uint32_t colour) {
+void cToolTip::BackCol(OleColour colour) {
     m_BackColour = colour;
     ShowColours();
 }
 
 void cToolTip::ShowColours() {
-    const std::uint32_t fore = m_ForeColour == kDefaultColour ? 0x80000000 | COLOR_INFOTEXT : m_ForeColour;
-    const std::uint32_t back = m_BackColour == kDefaultColour ? 0x80000000 | COLOR_INFOBK : m_BackColour;
-    SendMessageW(m_Tip, TTM_SETTIPTEXTCOLOR, Resolve(fore), 0);
-    SendMessageW(m_Tip, TTM_SETTIPBKCOLOR, Resolve(back), 0);
+    const OleColour fore = m_ForeColour == kNoColour ? 0x80000000 | COLOR_INFOTEXT : m_ForeColour;
+    const OleColour back = m_BackColour == kNoColour ? 0x80000000 | COLOR_INFOBK : m_BackColour;
+    SendMessageW(m_Tip, TTM_SETTIPTEXTCOLOR, Theme::Pick(Resolve(fore), COLOR_INFOTEXT), 0);
+    SendMessageW(m_Tip, TTM_SETTIPBKCOLOR, Theme::Pick(Resolve(back), COLOR_INFOBK), 0);
 }
 
 void cToolTip::HoverTime(int milliseconds) {
@@ -196,6 +192,12 @@ void cToolTip::ShowTimes() {
     };
     set(TTDT_INITIAL, m_HoverTime, GetDoubleClickTime());
     set(TTDT_AUTOPOP, m_PopupTime, 10 * GetDoubleClickTime());
+}
+
+// On a change of the settings the tip takes the system's colours first, then ours.
+int cToolTip::MsgResponse() {
+    const UINT message = MSubclass::CurrentMessage();
+    return message == WM_SYSCOLORCHANGE || message == WM_SETTINGCHANGE ? kPreviousFirst : kClientFirst;
 }
 
 LRESULT cToolTip::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) {

@@ -2,15 +2,13 @@
 #pragma once
 
 #include "controls/ISubclass.h"
+#include "controls/Theme.h"
 
-#include <cstdint>
 #include <string>
 #include <string_view>
 
 class cToolTip final : public ISubclass {
 public:
-    static constexpr std::uint32_t kDefaultColour = 0xFFFFFFFF;
-
     cToolTip() = default;
     ~cToolTip(); // takes the tip away
     cToolTip(const cToolTip&) = delete;
@@ -19,10 +17,10 @@ public:
     // Gives the control its tip, in the place of one that this object made before. Text: a
     // "|" breaks the line. Style: bits of the system's tips (1 always, 64 balloon). Icon: 0
     // none, 1 information, 2 warning, 3 error; it shows beside a title only. Colours: &H00BBGGRR,
-    // a system colour (0x80000000 and its index, followed when it changes) or kDefaultColour.
+    // a system colour (0x80000000 and its index, followed when it changes) or kNoColour.
     // Times in milliseconds, -1 for the system's. False where control is no window.
     bool Create(HWND control, std::u16string_view text, int style, bool centered, int icon,
-                std::u16string_view title, std::uint32_t foreColour, std::uint32_t backColour, int popupTime,
+                std::u16string_view title, OleColour foreColour, OleColour backColour, int popupTime,
                 int hoverTime);
 
     // A change shows at once.
@@ -36,10 +34,10 @@ public:
     void Icon(int icon);
     bool Centered() const { return m_Centered; }
     void Centered(bool centered);
-    std::uint32_t ForeCol() const { return m_ForeColour; }
-    void ForeCol(std::uint32_t colour);
-    std::uint32_t BackCol() const { return m_BackColour; }
-    void BackCol(std::uint32_t colour);
+    OleColour ForeCol() const { return m_ForeColour; }
+    void ForeCol(OleColour colour);
+    OleColour BackCol() const { return m_BackColour; }
+    void BackCol(OleColour colour);
     int HoverTime() const { return m_HoverTime; } // until it shows
     void HoverTime(int milliseconds);
     int PopupTime() const { return m_PopupTime; } // until it goes
@@ -52,7 +50,7 @@ public:
     HWND hWnd() const { return m_Tip; } // the tip's own window; null without one
 
     // ISubclass, for MSubclass only.
-    int MsgResponse() override { return kClientFirst; }
+    int MsgResponse() override;
     void MsgResponse(int) override {}
     LRESULT WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) override;
 
@@ -70,5 +68,5 @@ private:
     std::u16string m_Text, m_Title, m_InitialText, m_InitialTitle;
     int m_Style = 0, m_Icon = 0, m_PopupTime = -1, m_HoverTime = -1;
     bool m_Centered = false;
-    std::uint32_t m_ForeColour = kDefaultColour, m_BackColour = kDefaultColour;
+    OleColour m_ForeColour = kNoColour, m_BackColour = kNoColour;
 };

@@ -12,7 +12,7 @@
 namespace {
 
 constexpr int kBalloon = 65;
-constexpr std::uint32_t kButtonTextColour = 0x80000012, kInfoBackColour = 0x80000018;
+constexpr OleColour kButtonTextColour = 0x80000012, kInfoBackColour = 0x80000018;
 constexpr int kSoon = 10; // hover time of most cases, milliseconds
 
 // A form with two children side by side, on a thread of its own. The mouse rests on the
@@ -183,8 +183,8 @@ TEST_F(ToolTip, AHiddenOrCoveredDisabledControlHasNone) {
 TEST_F(ToolTip, TwoDisabledNeighboursEachShowTheirOwn) {
     Create();
     On([this] {
-        ASSERT_TRUE(m_Second->Create(m_Right, u"Other", kBalloon, false, 0, u"", cToolTip::kDefaultColour,
-                                     cToolTip::kDefaultColour, -1, kSoon));
+        ASSERT_TRUE(
+            m_Second->Create(m_Right, u"Other", kBalloon, false, 0, u"", kNoColour, kNoColour, -1, kSoon));
         EnableWindow(m_Left, FALSE);
         EnableWindow(m_Right, FALSE);
     });
@@ -283,8 +283,32 @@ TEST_F(ToolTip, ColoursAreTheGivenOnesOrFollowTheSystem) {
     });
     EXPECT_EQ(RGB(10, 20, 30), static_cast<COLORREF>(Ask(TTM_GETTIPTEXTCOLOR)));
     EXPECT_EQ(RGB(200, 210, 220), static_cast<COLORREF>(Ask(TTM_GETTIPBKCOLOR)));
-    On([this] { m_Tip->ForeCol(cToolTip::kDefaultColour); });
+    On([this] { m_Tip->ForeCol(kNoColour); });
     EXPECT_EQ(GetSysColor(COLOR_INFOTEXT), static_cast<DWORD>(Ask(TTM_GETTIPTEXTCOLOR)));
+}
+
+bool YesHighContrast() {
+    return true;
+}
+
+TEST_F(ToolTip, HighContrastTakesTheSystemsPairOfColours) {
+    Create();
+    On([this] {
+        m_Tip->ForeCol(RGB(10, 20, 30));
+        m_Tip->BackCol(RGB(200, 210, 220));
+        Theme::ReplaceHighContrast(YesHighContrast);
+        Theme::SettingsChanged();
+        SendMessageW(m_Tip->hWnd(), WM_SETTINGCHANGE, 0, 0);
+    });
+    EXPECT_EQ(GetSysColor(COLOR_INFOTEXT), static_cast<DWORD>(Ask(TTM_GETTIPTEXTCOLOR)));
+    EXPECT_EQ(GetSysColor(COLOR_INFOBK), static_cast<DWORD>(Ask(TTM_GETTIPBKCOLOR)));
+    On([this] {
+        Theme::ReplaceHighContrast(nullptr);
+        Theme::SettingsChanged();
+        SendMessageW(m_Tip->hWnd(), WM_SETTINGCHANGE, 0, 0);
+    });
+    EXPECT_EQ(RGB(10, 20, 30), static_cast<COLORREF>(Ask(TTM_GETTIPTEXTCOLOR)));
+    EXPECT_EQ(RGB(200, 210, 220), static_cast<COLORREF>(Ask(TTM_GETTIPBKCOLOR)));
 }
 
 TEST_F(ToolTip, TimesAreTheGivenOnesOrTheSystems) {
@@ -335,8 +359,8 @@ TEST_F(ToolTip, ASecondCreateTakesThePlaceOfTheFirst) {
     Create();
     const HWND first = m_Tip->hWnd();
     On([this] {
-        ASSERT_TRUE(m_Tip->Create(m_Right, u"Right", kBalloon, false, 0, u"", cToolTip::kDefaultColour,
-                                  cToolTip::kDefaultColour, -1, kSoon));
+        ASSERT_TRUE(
+            m_Tip->Create(m_Right, u"Right", kBalloon, false, 0, u"", kNoColour, kNoColour, -1, kSoon));
     });
     EXPECT_FALSE(IsWindow(first));
     Hover(m_Left);

@@ -1,6 +1,7 @@
 #include "controls/MSubclass.h"
 
 #include "base/RuntimeFailure.h"
+#include "controls/EventFrame.h"
 #include "windows/Gui.h"
 
 #include <gtest/gtest.h>
@@ -471,6 +472,66 @@ TEST_F(Subclass, AnotherSubclasserInFrontIsNotCutOff) {
     Detach(client);
     EXPECT_TRUE(IsOriginal());
     EXPECT_EQ(0, Properties(m_Window));
+}
+
+// A failure inside a client: kept, and the message loops are asked to end.
+class FailingClient : public Subclass {
+protected:
+    void TearDown() override {
+        EventFrame::Forget();
+        MSG quit;
+        PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+        Subclass::TearDown();
+    }
+    int KeptNumber() const {
+        try {
+            EventFrame::Rethrow();
+        } catch (const RuntimeFailure& failure) {
+            return failure.Number();
+        }
+        return 0;
+    }
+};
+
+TEST_F(FailingClient, TheFailureIsKeptAndTheWindowStillGetsTheMessage) {
+    Client one("one", ISubclass::kClientFirst), two("two", ISubclass::kClientFirst);
+    one.m_Within = [] { throw RuntimeFailure(13, u"one"); };
+    Attach(one);
+    Attach(two);
+    EXPECT_EQ(kPreviousAnswer, Send());
+    EXPECT_EQ((Calls{"one", "previous"}), g_Log);
+    EXPECT_EQ(13, KeptNumber());
+    EXPECT_EQ(0u, MSubclass::CurrentMessage());
+    MSG quit{};
+    ASSERT_TRUE(PeekMessageW(&quit, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
+    // From here on no client runs any more.
+    g_Log.clear();
+    EXPECT_EQ(kPreviousAnswer, Send());
+    EXPECT_EQ((Calls{"previous"}), g_Log);
+    Detach(one);
+    Detach(two);
+    EXPECT_TRUE(IsOriginal());
+}
+
+TEST_F(FailingClient, ThePreviousProcedureDoesNotRunTwice) {
+    Client client("client", ISubclass::kPreviousFirst);
+    client.m_Within = [] { throw RuntimeFailure(13, u"client"); };
+    Attach(client);
+    EXPECT_EQ(kPreviousAnswer, Send());
+    EXPECT_EQ((Calls{"previous", "client"}), g_Log);
+    Detach(client);
+}
+
+TEST_F(FailingClient, AFailureAtTheEndOfTheWindowLeavesNoProperty) {
+    Client client("client", ISubclass::kClientFirst);
+    client.m_Within = [] { throw RuntimeFailure(13, u"client"); };
+    SetWindowLongPtrW(m_Window, GWLP_WNDPROC, reinterpret_cast<LONG_PTR>(CountsAtItsEnd));
+    Attach(client, WM_NCDESTROY);
+    g_PropertiesAtEnd = -1;
+    SendMessageW(m_Window, WM_NCDESTROY, 0, 0);
+    SendMessageW(m_Window, WM_APP, 0, 0);
+    EXPECT_EQ(0, g_PropertiesAtEnd);
+    EXPECT_EQ(13, KeptNumber());
 }
 
 TEST(SubclassWithTheMouse, ARealClickReachesClientAndWindow) {
