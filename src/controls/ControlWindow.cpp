@@ -178,10 +178,8 @@ LRESULT Control::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
         StillThere here(*this);
         const LRESULT result = DefaultProcedure(message, wParam, lParam);
         if (!here || !m_hWnd) return result;
-        if (message == WM_SETFOCUS) {
-            if (m_Form) m_Form->NoteFocus(*this);
-            Notify(EVENT_OBJECT_FOCUS);
-        }
+        // The system itself tells screen readers where the focus goes.
+        if (message == WM_SETFOCUS && m_Form) m_Form->NoteFocus(*this);
         Tell(Change::Focus);
         return result;
     }

@@ -1,0 +1,173 @@
+// A handler that throws: each event of the kit, and that the first failure is kept, the
+// loops end, and no other handler runs.
+#include "controls/ComboBox.h"
+#include "controls/Label.h"
+#include "controls/PictureBox.h"
+#include "controls/TextBox.h"
+#include "controls/Timer.h"
+#include "windows/FormTest.h"
+
+namespace {
+
+constexpr std::u16string_view kLayout =
+    u"form\n"
+    u"f\t\tfrmFailing\tform\t\t\t4500\t3000\tFailing\t\t\n"
+    u"f\tfrmFailing\tText\ttext\t150\t150\t1500\t360\t\t1\tAccessibleName=Text\n"
+    u"f\tfrmFailing\tChoice\tcombo\t150\t600\t1500\t360\t\t2\tAccessibleName=Choice\n"
+    u"f\tfrmFailing\tTitle\tlabel\t150\t1050\t1500\t360\tTitle\t\t\n"
+    u"f\tfrmFailing\tImage\tpicturebox\t150\t1500\t1500\t360\t\t\t\n"
+    u"f\tfrmFailing\tClock\ttimer\t0\t0\t0\t0\t\t\tInterval=10; Enabled=no\n";
+
+struct FailingForm {
+    Form Window;
+    TextBox Text;
+    ComboBox Choice;
+    Label Title;
+    PictureBox Image;
+    Timer Clock;
+    FailingForm() {
+        Window.Bind(u"Text", Text).Bind(u"Choice", Choice).Bind(u"Title", Title).Bind(u"Image", Image);
+        Window.Bind(u"Clock", Clock).Create(kLayout);
+        Choice.AddItem(u"one");
+        Window.Show();
+    }
+};
+
+class Failing : public gui::FormTest<FailingForm> {
+protected:
+    // On the window's thread: cause brings the event about, which throws its number.
+    void Keeps(int number, const std::function<void()>& cause) {
+        m_Ui.Run([&] {
+            cause();
+            ASSERT_TRUE(EventFrame::Ending()) << number;
+            try {
+                EventFrame::Rethrow();
+            } catch (const RuntimeFailure& failure) {
+                EXPECT_EQ(failure.Number(), number);
+            }
+            MSG message;
+            EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) << number;
+            EventFrame::Forget();
+        });
+    }
+    static std::function<void()> Throw(int number) {
+        return [number] { throw RuntimeFailure(number, u"test"); };
+    }
+    static std::function<void(int, int, int, int)> ThrowAt(int number) {
+        return [number](int, int, int, int) { throw RuntimeFailure(number, u"test"); };
+    }
+};
+
+TEST_F(Failing, EveryEventIsInsideTheFrame) {
+    FailingForm& form = *m_Shown;
+    const HWND window = form.Window.Base.hWnd();
+    form.Text.Change = Throw(101);
+    Keeps(101, [&] { form.Text.Text(u"x"); });
+    form.Choice.Click = Throw(102);
+    Keeps(102, [&] {
+        SetFocus(form.Choice.Base.hWnd());
+        SendMessageW(form.Choice.Base.hWnd(), WM_KEYDOWN, VK_DOWN, 1);
+    });
+    form.Title.MouseDown = ThrowAt(103);
+    Keeps(103, [&] { SendMessageW(form.Title.Base.hWnd(), WM_LBUTTONDOWN, MK_LBUTTON, 0); });
+    form.Image.MouseDown = ThrowAt(104);
+    Keeps(104, [&] { SendMessageW(form.Image.Base.hWnd(), WM_RBUTTONDOWN, MK_RBUTTON, 0); });
+    form.Image.Paint = [](HDC, const RECT&) { throw RuntimeFailure(105, u"test"); };
+    Keeps(105, [&] { form.Image.Base.Refresh(); });
+    form.Image.Paint = nullptr;
+    form.Window.Resize = Throw(106);
+    Keeps(106, [&] { SendMessageW(window, WM_SIZE, SIZE_RESTORED, 0); });
+    form.Window.Resize = nullptr;
+    form.Window.MouseDown = ThrowAt(107);
+    Keeps(107, [&] { SendMessageW(window, WM_LBUTTONDOWN, MK_LBUTTON, 0); });
+    form.Window.Closing = Throw(108);
+    Keeps(108, [&] { SendMessageW(window, WM_CLOSE, 0, 0); });
+    form.Window.DpiChanged = Throw(109);
+    Keeps(109, [&] { SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(120, 120), 0); });
+    form.Window.PaintGround = [](HDC, const RECT&) { throw RuntimeFailure(110, u"test"); };
+    Keeps(110, [&] {
+        form.Window.RefreshGround();
+        UpdateWindow(window);
+    });
+    form.Window.PaintGround = nullptr;
+}
+
+TEST_F(Failing, ATimersFailureIsKept) {
+    FailingForm& form = *m_Shown;
+    bool kept = false;
+    m_Ui.Run([&] {
+        form.Clock.Tick = Throw(201);
+        form.Clock.Enabled(true);
+        // The tick comes in a loop of our own, which sees the end.
+        MSG message;
+        while (GetMessageW(&message, nullptr, 0, 0) > 0) DispatchMessageW(&message);
+        kept = EventFrame::Ending();
+        EventFrame::Forget();
+        form.Clock.Enabled(false);
+    });
+    EXPECT_TRUE(kept);
+}
+
+TEST_F(Failing, TheFirstFailureIsTheOneThatIsTold) {
+    FailingForm& form = *m_Shown;
+    form.Title.MouseDown = ThrowAt(301);
+    form.Text.Change = Throw(302);
+    Keeps(301, [&] {
+        SendMessageW(form.Title.Base.hWnd(), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+        form.Text.Text(u"y"); // no handler runs any more
+    });
+}
+
+TEST_F(Failing, TheEndingWindowStillAnswersAndPaintsNothingOfOurs) {
+    FailingForm& form = *m_Shown;
+    form.Title.MouseDown = ThrowAt(1);
+    Keeps(1, [&] {
+        SendMessageW(form.Title.Base.hWnd(), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+        form.Title.Base.Invalidate();
+        UpdateWindow(form.Title.Base.hWnd());
+        RECT dirty;
+        EXPECT_FALSE(GetUpdateRect(form.Title.Base.hWnd(), &dirty, FALSE));
+    });
+    EXPECT_EQ(Said(form.Title.Base).Role, ROLE_SYSTEM_STATICTEXT);
+}
+
+TEST_F(Failing, WhatIsNoFailureOfOursIsToldToo) {
+    m_Ui.Run([&] {
+        const auto told = [](auto thrown) {
+            return EventFrame::Describe(std::make_exception_ptr(thrown), u"");
+        };
+        EXPECT_EQ(told(std::bad_alloc()), u"Run-time error 7:\r\nOut of memory");
+        EXPECT_EQ(told(std::runtime_error("odd")), u"Unexpected failure:\r\nodd");
+        EXPECT_EQ(told(7), u"Unexpected failure");
+    });
+}
+
+// ---- the timer itself ----
+
+TEST_F(Failing, ATimerTicksWhileItIsEnabledAndHasAnInterval) {
+    FailingForm& form = *m_Shown;
+    int ticks = 0;
+    m_Ui.Run([&] {
+        EXPECT_EQ(form.Clock.Interval(), 10);
+        form.Clock.Tick = [&] { ++ticks; };
+        form.Clock.Enabled(true);
+    });
+    EXPECT_TRUE(Becomes([&] { return ticks >= 3; }));
+    m_Ui.Run([&] {
+        form.Clock.Enabled(false);
+        ticks = 0;
+        // What was under way when it stopped does not come.
+        MSG message;
+        const ULONGLONG end = GetTickCount64() + 60;
+        while (GetTickCount64() < end) {
+            if (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
+        }
+        EXPECT_EQ(ticks, 0);
+        form.Clock.Interval(0);
+        form.Clock.Enabled(true);
+    });
+    m_Ui.Settle();
+    EXPECT_EQ(On([&] { return ticks; }), 0);
+}
+
+} // namespace
