@@ -119,7 +119,7 @@ void Control::ToolTipText(std::u16string_view tip) {
     }
     constexpr int kAlways = 1;
     if (!m_Tip) m_Tip = std::make_unique<cToolTip>();
-    m_Tip->Create(m_hWnd, tip, kAlways, false, 0, {}, cToolTip::kDefaultColour, cToolTip::kDefaultColour, -1,
+    m_Tip->Create(m_hWnd, tip, kAlways, false, 0, {}, kNoColour, kNoColour, -1,
                   -1);
 }
 
