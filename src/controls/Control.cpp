@@ -119,8 +119,7 @@ void Control::ToolTipText(std::u16string_view tip) {
     }
     constexpr int kAlways = 1;
     if (!m_Tip) m_Tip = std::make_unique<cToolTip>();
-    m_Tip->Create(m_hWnd, tip, kAlways, false, 0, {}, kNoColour, kNoColour, -1,
-                  -1);
+    m_Tip->Create(m_hWnd, tip, kAlways, false, 0, {}, kNoColour, kNoColour, -1, -1);
 }
 
 void Control::Font(const ::Font& font) {

@@ -37,6 +37,11 @@ LRESULT SendTool(HWND tip, UINT message, TTTOOLINFOW& tool) {
     return SendMessageW(tip, message, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
+// A text is shown as it stands, ampersands included.
+DWORD WindowStyle(int style) {
+    return static_cast<DWORD>(style & 0xFFFF) | TTS_NOPREFIX;
+}
+
 std::u16string WithLineBreaks(const std::u16string& text) {
     return text::ReplaceAll(text, u"|", u"\r\n");
 }
@@ -70,7 +75,7 @@ bool cToolTip::Create(HWND control, std::u16string_view text, int style, bool ce
     m_HoverTime = hoverTime;
     if (!IsWindow(control)) return false;
 
-    m_Tip = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | static_cast<DWORD>(style),
+    m_Tip = CreateWindowExW(WS_EX_TOPMOST, TOOLTIPS_CLASSW, nullptr, WS_POPUP | WindowStyle(style),
                             CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, CW_USEDEFAULT, nullptr, nullptr,
                             GetModuleHandleW(nullptr), nullptr);
     if (!m_Tip) return false;
@@ -139,9 +144,8 @@ void cToolTip::ShowTitle() {
 
 void cToolTip::Style(int style) {
     m_Style = style;
-    SetWindowLongW(m_Tip, GWL_STYLE,
-                   static_cast<LONG>((static_cast<DWORD>(GetWindowLongW(m_Tip, GWL_STYLE)) & 0xFFFF0000) |
-                                     (static_cast<DWORD>(style) & 0xFFFF)));
+    const DWORD others = static_cast<DWORD>(GetWindowLongW(m_Tip, GWL_STYLE)) & 0xFFFF0000;
+    SetWindowLongW(m_Tip, GWL_STYLE, static_cast<LONG>(others | WindowStyle(style)));
 }
 
 void cToolTip::Centered(bool centered) {

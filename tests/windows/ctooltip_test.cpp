@@ -213,6 +213,15 @@ TEST_F(ToolTip, BarsBreakTheLine) {
     EXPECT_LT(SizeShown().cy, four.cy);
 }
 
+TEST_F(ToolTip, AmpersandsAreShown) {
+    Create(u"Salt & pepper && more");
+    Hover(m_Left);
+    ASSERT_TRUE(WaitShown());
+    const SIZE with = SizeShown();
+    On([this] { m_Tip->Text(u"Salt  pepper  more"); });
+    EXPECT_LT(SizeShown().cx, with.cx);
+}
+
 TEST_F(ToolTip, TextAndTitleChangeTheLiveTipAndTheInitialOnesStay) {
     Create(u"First|line", u"Head");
     On([this] {
@@ -259,9 +268,9 @@ TEST_F(ToolTip, TheWindowIsATopMostBalloonWithoutAnOwner) {
     Create();
     EXPECT_EQ(nullptr, GetWindow(m_Tip->hWnd(), GW_OWNER));
     EXPECT_TRUE(GetWindowLongW(m_Tip->hWnd(), GWL_EXSTYLE) & WS_EX_TOPMOST);
-    EXPECT_EQ(TTS_ALWAYSTIP | TTS_BALLOON, GetWindowLongW(m_Tip->hWnd(), GWL_STYLE) & 0xFFFF);
+    EXPECT_EQ(TTS_ALWAYSTIP | TTS_BALLOON | TTS_NOPREFIX, GetWindowLongW(m_Tip->hWnd(), GWL_STYLE) & 0xFFFF);
     On([this] { m_Tip->Style(TTS_ALWAYSTIP); });
-    EXPECT_EQ(TTS_ALWAYSTIP, GetWindowLongW(m_Tip->hWnd(), GWL_STYLE) & 0xFFFF);
+    EXPECT_EQ(TTS_ALWAYSTIP | TTS_NOPREFIX, GetWindowLongW(m_Tip->hWnd(), GWL_STYLE) & 0xFFFF);
     // A form with tips can still become top-most itself.
     On([this] { modWin::SetTopMost(m_Form); });
     EXPECT_TRUE(GetWindowLongW(m_Form, GWL_EXSTYLE) & WS_EX_TOPMOST);
