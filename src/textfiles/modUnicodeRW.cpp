@@ -6,6 +6,7 @@
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
 
+#include <algorithm>
 #include <bit>
 #include <cstring>
 #include <exception>
@@ -50,14 +51,16 @@ files::Result ReadUtf16(files::InputFile& file, const char* head, std::size_t le
 files::Result ReadAnsi(files::InputFile& file, const char* head, std::size_t length, std::u16string& units) {
     units = text::FromCp1252({head, length});
     units.reserve(static_cast<std::size_t>(file.Size()));
-    const auto part = std::make_unique<char[]>(kPart);
+    const std::size_t room =
+        file.Size() == 0 ? kPart : static_cast<std::size_t>(std::min<std::uint64_t>(file.Size() + 1, kPart));
+    const auto part = std::make_unique<char[]>(room);
     std::size_t got;
     do {
-        if (files::Result read = file.Read(part.get(), kPart, got); !read) return read;
+        if (files::Result read = file.Read(part.get(), room, got); !read) return read;
         const std::size_t end = units.size();
         units.resize(end + got);
         text::FromCp1252({part.get(), got}, units.data() + end);
-    } while (got == kPart);
+    } while (got == room);
     return {};
 }
 
