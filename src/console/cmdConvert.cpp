@@ -127,6 +127,7 @@ public:
     Run(const Options& options, const encodings::Choice& plugin, clsConvert& converter, std::size_t files)
         : m_Converter(converter), m_Options(options), m_Files(files) {
         m_Settings.pluginPath = plugin.path;
+        m_Settings.tableIsLoaded = true;
         m_Settings.sReadEncoding = options.readEncoding;
         m_Settings.sTextFileNameSuffix = options.suffix;
         m_Settings.sTextFileSaveFolder = options.folder;

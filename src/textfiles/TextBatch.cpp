@@ -118,7 +118,7 @@ void ConvertTextFiles(ListItems& list, clsConvert& converter, const TextBatchSet
     }
     const auto start = std::chrono::steady_clock::now();
     host.ProgressStart();
-    converter.LoadTable(plugin);
+    if (!settings.tableIsLoaded) converter.LoadTable(plugin);
     const std::int16_t total = ToInt16(list.ListCount(), u"ConvertTextFiles");
     std::int16_t done = 1;
     for (int index = total - 1; index >= 0; --index) {
@@ -143,7 +143,7 @@ void ConvertTextFiles(ListItems& list, clsConvert& converter, const TextBatchSet
         }
         done = ToInt16(done + 1, u"ConvertTextFiles");
     }
-    converter.UnLoadTable();
+    if (!settings.tableIsLoaded) converter.UnLoadTable();
     host.ProgressFinish();
     host.Item.clear();
     ShowStatus(host, {});

@@ -16,6 +16,9 @@ struct TextBatchSettings {
     std::u16string programFolder;
     std::u16string sConvertFrom;
     std::u16string pluginPath;
+    // The converter holds the plug-in's table already, and keeps it: what a caller with many
+    // short lists sets, since loading takes longer than converting a small file.
+    bool tableIsLoaded = false;
 
     std::u16string sReadEncoding = u"AUTO DETECT ENCODING";
     std::u16string sTextFileNameSuffix = u"- Unicode";

@@ -204,6 +204,19 @@ TEST_F(TextBatch, ThePluginCanBeGivenByItsPath) {
     EXPECT_EQ(Utf16(u"X"), Out(u"a- Unicode.txt"));
 }
 
+TEST_F(TextBatch, TheTableIsLoadedAndUnloadedUnlessTheCallerHoldsIt) {
+    Add(u"a.txt", "k");
+    Run();
+    EXPECT_EQ(Utf16(u"\u0995"), Out(u"a- Unicode.txt"));
+    EXPECT_THROW(m_Converter.Convert(u"k"), RuntimeFailure) << "unloaded behind the last file";
+    m_Converter.LoadText(u"\uE000\r\n\uE001\r\nk\tX");
+    m_Settings.tableIsLoaded = true;
+    Add(u"b.txt", "k");
+    Run();
+    EXPECT_EQ(Utf16(u"X"), Out(u"b- Unicode.txt"));
+    EXPECT_EQ(u"X", m_Converter.Convert(u"k"));
+}
+
 TEST_F(TextBatch, ADamagedPluginIsAFailureThatNobodyCatches) {
     m_Settings.pluginPath = m_Folder.Put(u"damaged.dll", "");
     Add(u"a.txt", "k");
