@@ -124,10 +124,10 @@ Options:
                ya-phala marker, then a line of Find TAB Replace for each rule
   --help, -h   show this text
 
-Exit codes: 0 all done (check: with or without warnings), 1 build or check found
-that the table could not be loaded and converted with, 2 wrong usage, 3 a file
-cannot be read or written, show was given no plug-in or a damaged one, or the
-plain form cannot hold the table.
+Exit codes: 0 all done (check: with or without warnings), 1 build or check
+found that the table could not be loaded and converted with, 2 wrong usage,
+3 a file cannot be read or written, show was given no plug-in or a damaged one,
+or the plain form cannot hold the table.
 
 Examples:
   zorvak plugin check MyEncoding.txt
