@@ -118,7 +118,6 @@ TEST_P(Encoding, OpenPairs) {
     EXPECT_EQ(misses, "");
 }
 
-INSTANTIATE_TEST_SUITE_P(All, Encoding, testing::ValuesIn(kNames),
-                         [](const auto& one) { return one.param; });
+INSTANTIATE_TEST_SUITE_P(All, Encoding, testing::ValuesIn(kNames), [](const auto& one) { return one.param; });
 
 } // namespace
