@@ -50,4 +50,14 @@ std::u16string Describe(const std::exception_ptr& failure, const std::u16string&
     return told;
 }
 
+void Report(const std::u16string& title, const std::u16string& whereabouts) {
+    if (!g_First) return;
+    // A box would close at once while the end is still being asked for.
+    MSG message;
+    while (PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
+    }
+    const std::u16string told = Describe(g_First, whereabouts);
+    MessageBoxW(nullptr, Wide(told), Wide(title), MB_OK | MB_ICONERROR | MB_SETFOREGROUND | MB_TASKMODAL);
+}
+
 } // namespace EventFrame

@@ -47,4 +47,7 @@ void Run(Body&& body) noexcept {
 // is the last line.
 std::u16string Describe(const std::exception_ptr& failure, const std::u16string& whereabouts);
 
+// Shows the first failure in one box, when all loops have ended; does nothing without one.
+void Report(const std::u16string& title, const std::u16string& whereabouts);
+
 } // namespace EventFrame

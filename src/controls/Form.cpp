@@ -120,6 +120,14 @@ void Form::MakeWindow() {
     Base.m_Top = (ToTwips(work.top + work.bottom, m_Dpi) - Base.m_Height) / 2;
     Base.m_Visible = false;
     Base.PlaceWindow();
+    ApplyShape();
+}
+
+void Form::ApplyShape() {
+    if (!m_ShapeId) return;
+    if (!m_Shape.RegionFromResource(m_ShapeId, u"CUSTOM", m_Dpi))
+        Refuse(Base.m_Name, u"There is no such shape");
+    m_Shape.Apply(Base.m_hWnd);
 }
 
 void Form::MakeControl(const LayoutRow& row, Control* label) {
@@ -187,6 +195,8 @@ bool Form::OnProperty(std::u16string_view name, std::u16string_view value) {
         OutlineColor = ParseColour(value);
     else if (name == u"CaptionBar")
         m_Caption = ParseYesNo(value);
+    else if (name == u"Shape")
+        m_ShapeId = ParseNumber(value);
     else
         return false;
     return true;
@@ -278,6 +288,13 @@ bool Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result
         Raise(MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
         return true;
     }
+    case WM_ACTIVATE:
+        // The focus may be inside a control, which does not hear of it.
+        if (LOWORD(wParam) == WA_INACTIVE) {
+            Control* focused = Control::Around(GetFocus());
+            if (focused && focused != &Base && focused->m_Form == this) m_LastFocus = focused;
+        }
+        return false;
     case WM_SETFOCUS:
         if (m_LastFocus && m_LastFocus->Usable())
             m_LastFocus->SetFocus();
@@ -316,6 +333,7 @@ bool Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result
 void Form::ChangeDpi(int dpi) {
     m_Dpi = dpi;
     Base.PlaceWindow();
+    ApplyShape();
     for (Control* control : m_Controls) {
         control->FontChanged();
         if (control->m_hWnd) control->PlaceWindow();

@@ -5,6 +5,7 @@
 #include "controls/Control.h"
 #include "controls/Events.h"
 #include "controls/Theme.h"
+#include "controls/cRegion.h"
 
 #include <memory>
 #include <string_view>
@@ -68,6 +69,9 @@ public:
     // Gives the focus to the next usable control in the tab order, behind from.
     void FocusNext(const Control& from, bool backwards = false);
 
+    // In the layout: CaptionBar=yes for a window with the system's caption bar, whose size is
+    // then that of the inside; Shape=101 for the region "CUSTOM" 101 of the resources.
+
     // Pressed by Enter and Esc. In the layout: properties Default=yes and Cancel=yes.
     Control* DefaultButton = nullptr;
     Control* CancelButton = nullptr;
@@ -103,6 +107,7 @@ private:
     Control* Bound(const LayoutRow& row);
     Control* ContainerOf(const LayoutRow& row);
     void CheckBindings() const;
+    void ApplyShape();
     void NotePlace();
     void ChangeDpi(int dpi);
     void ThemeChanged();
@@ -128,6 +133,8 @@ private:
     int m_Dpi = 96;
     bool m_Modal = false;
     bool m_Caption = false; // has a caption bar of the system's
+    int m_ShapeId = 0;      // of its region among the resources; 0: a plain rectangle
+    cRegion m_Shape;
     HBITMAP m_Ground = nullptr;
     SIZE m_GroundSize{};
 };
