@@ -187,6 +187,8 @@ int RunPlugin(const std::vector<std::u16string>& given) {
     const std::u16string& what = operands[0];
     if (what == u"build") {
         if (operands.size() != 3) return Usage(u"build takes two files: the rules and the plug-in to write");
+        if (operands[2] != u"-" && files::SameFile(operands[1], operands[2]))
+            return Usage(u"the plug-in would replace its own rules");
         return Build(operands[1], operands[2], plain);
     }
     if (what == u"show") {

@@ -88,6 +88,13 @@ def test_mistakes_exit_1_and_build_nothing(zorvak, tmp_path, text, line):
     assert not (tmp_path / "made.dll").exists()
 
 
+def test_a_plug_in_never_replaces_its_own_rules(zorvak, tmp_path):
+    source = write(tmp_path / "rules.txt", HEAD + "k = x\n")
+    result = zorvak.run("plugin", "build", source, tmp_path / "." / "rules.txt")
+    assert result.code == 2 and "own rules" in result.err
+    assert source.read_text().startswith("[markers]")
+
+
 def test_no_rule(zorvak, tmp_path):
     source = write(tmp_path / "rules.txt", HEAD)
     assert check(zorvak, source)[0] == 1
