@@ -110,10 +110,16 @@ std::size_t ConvertToUnits(Engine& engine, std::basic_string_view<Unit> block, L
 
 } // namespace
 
+void AppendUnits(std::u16string_view units, OutputEncoding encoding, OutputBuffer& output) {
+    if (encoding == OutputEncoding::Utf8) return AppendUtf8(units, output);
+    output.Append({reinterpret_cast<const char*>(units.data()), units.size() * sizeof(char16_t)});
+}
+
+namespace {
+
 template <class Unit>
-std::size_t ConvertBlock(Engine& engine, std::basic_string_view<Unit> block, LineEnd cut,
-                         OutputEncoding encoding, OutputBuffer& output, const OnLineFailure& onFailure) {
-    engine.CheckTable();
+std::size_t ConvertByLine(Engine& engine, std::basic_string_view<Unit> block, LineEnd cut,
+                          OutputEncoding encoding, OutputBuffer& output, const OnLineFailure& onFailure) {
     UnitBuffer units;
     if (encoding == OutputEncoding::Utf8) {
         return ConvertToUnits(engine, block, cut, units, onFailure, [&] {
@@ -131,7 +137,62 @@ std::size_t ConvertBlock(Engine& engine, std::basic_string_view<Unit> block, Lin
     });
 }
 
-template std::size_t ConvertBlock(Engine&, std::string_view, LineEnd, OutputEncoding, OutputBuffer&,
-                                  const OnLineFailure&);
-template std::size_t ConvertBlock(Engine&, std::u16string_view, LineEnd, OutputEncoding, OutputBuffer&,
-                                  const OnLineFailure&);
+// A few lines more or less change nothing, so a text is cut into pieces that stay in the cache.
+constexpr std::size_t kPiece = 128 * 1024;
+
+// The end of a piece of whole lines that begins at start.
+std::size_t PieceEnd(std::string_view block, std::size_t start, LineEnd cut) {
+    if (block.size() - start <= kPiece + kPiece / 4) return block.size();
+    std::size_t lf = start + kPiece;
+    do {
+        lf = block.rfind('\n', lf - 1);
+    } while (lf != block.npos && lf > start && cut == LineEnd::CrLf && block[lf - 1] != '\r');
+    if (lf != block.npos && lf > start) return lf + 1;
+    // A long line.
+    std::size_t end;
+    const std::size_t length = CutLine(block.substr(start), cut, end);
+    return start + length + end;
+}
+
+std::size_t CountLines(std::string_view block, LineEnd cut) {
+    std::size_t count = 0;
+    while (!block.empty()) {
+        std::size_t end;
+        const std::size_t length = CutLine(block, cut, end);
+        block.remove_prefix(length + end);
+        ++count;
+    }
+    return count;
+}
+
+} // namespace
+
+template <>
+std::size_t ConvertBlock(Engine& engine, std::string_view block, LineEnd cut, OutputEncoding encoding,
+                         OutputBuffer& output, const OnLineFailure& onFailure) {
+    engine.CheckTable();
+    std::size_t start = 0;
+    // Lines are counted only where one fails.
+    std::size_t counted = 0, lines = 0;
+    const OnLineFailure onFailureOfPiece = [&](const LineFailure& failure) {
+        lines += CountLines(block.substr(counted, start - counted), cut);
+        counted = start;
+        return onFailure({lines + failure.Line, failure.Legacy, failure.Failure});
+    };
+    while (start < block.size()) {
+        const std::string_view piece = block.substr(start, PieceEnd(block, start, cut) - start);
+        if (!engine.ConvertLines(piece, cut, encoding, output)) {
+            const std::size_t done = ConvertByLine(engine, piece, cut, encoding, output, onFailureOfPiece);
+            if (done < piece.size()) return start + done;
+        }
+        start += piece.size();
+    }
+    return start;
+}
+
+template <>
+std::size_t ConvertBlock(Engine& engine, std::u16string_view block, LineEnd cut, OutputEncoding encoding,
+                         OutputBuffer& output, const OnLineFailure& onFailure) {
+    engine.CheckTable();
+    return ConvertByLine(engine, block, cut, encoding, output, onFailure);
+}

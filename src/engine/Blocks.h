@@ -24,6 +24,9 @@ struct LineFailure {
 // Told of each such line. True leaves the line as it was and goes on, false stops.
 using OnLineFailure = std::function<bool(const LineFailure&)>;
 
+// Units in the encoding; lone surrogates become U+FFFD in UTF-8.
+void AppendUnits(std::u16string_view units, OutputEncoding encoding, OutputBuffer& output);
+
 // See clsConvert::ConvertLines. Unit is char for cp1252 or char16_t.
 template <class Unit>
 std::size_t ConvertBlock(Engine& engine, std::basic_string_view<Unit> block, LineEnd cut,

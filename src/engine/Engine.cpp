@@ -44,6 +44,8 @@ void Engine::CheckTable() const {
 
 void Engine::Derive() {
     m_Words.reset();
+    m_Lines16.reset();
+    m_Lines8.reset();
     for (Fast* fast : {&m_Whole, &m_Rules}) {
         fast->machine.reset();
         fast->rest = 0;
@@ -69,6 +71,21 @@ void Engine::Derive() {
     m_Segments.Build();
     m_Whole.machine.emplace(m_Alphabet, m_Chain, &m_Segments, m_Limits.Machine);
     m_Words.emplace(*m_Whole.machine, m_Limits.MemoBits);
+    m_SyllablePasses.SetMarkers(reph[0], yaPhala[0]);
+    m_Lines16.emplace(m_Chain, m_SyllablePasses, OutputEncoding::Utf16);
+    m_Lines8.emplace(m_Chain, m_SyllablePasses, OutputEncoding::Utf8);
+}
+
+bool Engine::ConvertLines(std::string_view block, LineEnd cut, OutputEncoding encoding,
+                          OutputBuffer& output) {
+    std::optional<SyllableMachine>& machine = encoding == OutputEncoding::Utf16 ? m_Lines16 : m_Lines8;
+    if (!machine || m_Growth.MayOutgrow(block)) return false;
+    const auto otherWay = [&](std::string_view line, OutputBuffer& lineOutput) {
+        m_OtherLine.Clear();
+        Convert(line, 0, line.size(), m_OtherLine);
+        AppendUnits(m_OtherLine.View(), encoding, lineOutput);
+    };
+    return machine->ConvertBlock(block, cut, output, otherWay);
 }
 
 void Engine::LetRest(Fast& fast) const {

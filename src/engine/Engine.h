@@ -12,6 +12,8 @@
 #include "engine/RuleChain.h"
 #include "engine/RuleTable.h"
 #include "engine/Segments.h"
+#include "engine/SyllableMachine.h"
+#include "engine/SyllablePasses.h"
 #include "engine/WordRun.h"
 
 #include <optional>
@@ -42,7 +44,11 @@ public:
     void Convert(std::basic_string_view<Unit> block, std::size_t start, std::size_t length,
                  UnitBuffer& output);
 
-    // The same without the machine for the whole conversion.
+    // Converts a block of whole lines at once and appends them. False with output as it was
+    // where that does not pay or a line fails.
+    bool ConvertLines(std::string_view block, LineEnd cut, OutputEncoding encoding, OutputBuffer& output);
+
+    // The same as Convert without the machine for the whole conversion.
     void ConvertByLine(std::u16string_view line, UnitBuffer& output);
     // Null where markers or the table rule it out.
     const Machine* WholeMachine() const { return m_Whole.machine ? &*m_Whole.machine : nullptr; }
@@ -78,6 +84,8 @@ private:
     bool m_OrdinaryMarkers = false;
     Fast m_Whole, m_Rules;
     std::optional<WordRun> m_Words; // by m_Whole
-    UnitBuffer m_Line;
+    SyllablePasses m_SyllablePasses;
+    std::optional<SyllableMachine> m_Lines16, m_Lines8;
+    UnitBuffer m_Line, m_OtherLine;
     std::u16string m_Work, m_Spare;
 };
