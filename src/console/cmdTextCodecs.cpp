@@ -80,6 +80,17 @@ Progress Cp1252FromUtf8(std::string_view bytes, char* out) {
     return {static_cast<std::size_t>(in - start), static_cast<std::size_t>(to - out)};
 }
 
+Progress Cp1252FromUnits(std::u16string_view units, char* out) {
+    const Cp1252Pages& pages = Pages();
+    std::size_t i = 0;
+    for (; i < units.size(); ++i) {
+        const std::uint16_t byte = pages[units[i]];
+        if (byte == kNoByte) break;
+        out[i] = static_cast<char>(byte);
+    }
+    return {i, i};
+}
+
 template <class View>
 std::size_t Count(View text) {
     // In stretches that a small counter can hold: compilers make vector code of that.

@@ -1,4 +1,4 @@
-// The filter's way from UTF-8 to the code page, whole blocks at a time, and counting.
+// The filter's ways from Unicode to the code page, whole blocks at a time, and counting.
 #pragma once
 
 #include <cstddef>
@@ -15,6 +15,8 @@ struct Progress {
 // The code page's bytes for UTF-8, up to the first character that has no byte there or is
 // not valid. out needs room for as many bytes as are read.
 Progress Cp1252FromUtf8(std::string_view bytes, char* out);
+// The same for UTF-16: units read.
+Progress Cp1252FromUnits(std::u16string_view units, char* out);
 
 std::size_t CountLf(std::string_view bytes);
 std::size_t CountLf(std::u16string_view units);

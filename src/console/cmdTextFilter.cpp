@@ -1,6 +1,6 @@
 // Blocks are cut behind their last LF, so that no character, pair or CR LF is ever cut in
 // two; what stands behind it waits for the next block. The engine is fastest with the bytes
-// of the code page, so UTF-8 is narrowed to them as far as it goes.
+// of the code page, so Unicode is narrowed to them as far as it goes.
 //
 // Tested by tests/unit/console/text_filter_test.cpp.
 #include "console/cmdTextFilter.h"
@@ -113,25 +113,31 @@ void TextFilter::CompleteLastUnit() {
 // Converts whole lines; only the last of the input may lack its LF. False after a failure.
 bool TextFilter::Convert(std::string_view bytes) {
     if (m_Options.input == TextEncoding::Cp1252) return ConvertLines(bytes);
-    if (m_Options.input == TextEncoding::Utf8) return ConvertUtf8(bytes);
+    if (m_Narrow.size() < bytes.size()) m_Narrow.resize(bytes.size());
+    if (m_Options.input == TextEncoding::Utf8)
+        return ConvertNarrowed(bytes, codecs::Cp1252FromUtf8, [this](std::string_view line) {
+            const std::u16string units = text::FromUtf8(line, &m_Outcome.invalid);
+            return ConvertLines(std::u16string_view(units));
+        });
     const std::u16string_view units(reinterpret_cast<const char16_t*>(bytes.data()), bytes.size() / 2);
-    if (m_Options.output == OutputEncoding::Utf8) m_Outcome.invalid += codecs::CountLoneSurrogates(units);
-    return ConvertLines(units);
+    return ConvertNarrowed(units, codecs::Cp1252FromUnits, [this](std::u16string_view line) {
+        if (m_Options.output == OutputEncoding::Utf8) m_Outcome.invalid += codecs::CountLoneSurrogates(line);
+        return ConvertLines(line);
+    });
 }
 
-bool TextFilter::ConvertUtf8(std::string_view bytes) {
-    if (m_Narrow.size() < bytes.size()) m_Narrow.resize(bytes.size());
-    while (!bytes.empty()) {
-        const codecs::Progress done = codecs::Cp1252FromUtf8(bytes, m_Narrow.data());
-        const std::string_view narrow(m_Narrow.data(), done.written);
-        if (done.read == bytes.size()) return ConvertLines(narrow);
-        // A character has no byte: the lines before its own, then its own as units.
-        if (!ConvertLines(narrow.substr(0, narrow.rfind('\n') + 1))) return false;
-        const std::size_t start = bytes.substr(0, done.read).rfind('\n') + 1;
-        const std::size_t end = std::min(bytes.find('\n', done.read), bytes.size() - 1) + 1;
-        const std::u16string line = text::FromUtf8(bytes.substr(start, end - start), &m_Outcome.invalid);
-        if (!ConvertLines(std::u16string_view(line))) return false;
-        bytes.remove_prefix(end);
+// As bytes of the code page; only a line with a character that has none goes by itself.
+template <class View, class Narrow, class ConvertLine>
+bool TextFilter::ConvertNarrowed(View text, Narrow narrow, ConvertLine convertLine) {
+    while (!text.empty()) {
+        const codecs::Progress done = narrow(text, m_Narrow.data());
+        const std::string_view bytes(m_Narrow.data(), done.written);
+        if (done.read == text.size()) return ConvertLines(bytes);
+        if (!ConvertLines(bytes.substr(0, bytes.rfind('\n') + 1))) return false;
+        const std::size_t start = text.substr(0, done.read).rfind('\n') + 1;
+        const std::size_t end = std::min(text.find('\n', done.read), text.size() - 1) + 1;
+        if (!convertLine(text.substr(start, end - start))) return false;
+        text.remove_prefix(end);
     }
     return true;
 }

@@ -53,7 +53,8 @@ private:
     std::size_t BehindLastLf(std::size_t from) const;
     void CompleteLastUnit();
     bool Convert(std::string_view bytes);
-    bool ConvertUtf8(std::string_view bytes);
+    template <class View, class Narrow, class ConvertLine>
+    bool ConvertNarrowed(View text, Narrow narrow, ConvertLine convertLine);
     template <class View>
     bool ConvertLines(View lines);
     bool Flush();
@@ -66,7 +67,7 @@ private:
     std::vector<char16_t> m_Input; // bytes or units; what waits lies from byte m_First to m_Last
     std::size_t m_First = 0;
     std::size_t m_Last = 0;
-    std::vector<char> m_Narrow; // the code page's bytes of a block that came as UTF-8
+    std::vector<char> m_Narrow; // the code page's bytes of a block that came as Unicode
     OutputBuffer m_Output;      // converted, not yet written
     std::size_t m_Lines = 0;    // in all blocks before
 };

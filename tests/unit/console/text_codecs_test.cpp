@@ -61,6 +61,18 @@ TEST(Cp1252FromUtf8, AnEmptyTextIsDone) {
     EXPECT_EQ(0u, Narrow("").read);
 }
 
+TEST(Cp1252FromUnits, EveryUnitAgreesWithTheCodePage) {
+    for (unsigned unit = 0; unit < 0x10000; ++unit) {
+        const std::u16string text = {u'a', static_cast<char16_t>(unit), u'b'};
+        const int byte = text::ToCp1252(static_cast<char16_t>(unit));
+        char out[3];
+        const codecs::Progress progress = codecs::Cp1252FromUnits(text, out);
+        ASSERT_EQ(byte < 0 ? 1u : 3u, progress.read) << unit;
+        ASSERT_EQ(progress.read, progress.written) << unit;
+        ASSERT_TRUE(byte < 0 || out[1] == static_cast<char>(byte)) << unit;
+    }
+}
+
 TEST(CountLf, CountsBeyondItsSmallCounters) {
     EXPECT_EQ(0u, codecs::CountLf(std::string_view()));
     EXPECT_EQ(200001u, codecs::CountLf(std::string(200001, '\n') + "x"));
