@@ -15,6 +15,7 @@
 #include <dirent.h>
 #include <fcntl.h>
 #include <memory>
+#include <optional>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -164,8 +165,8 @@ private:
 };
 
 // Where a file stands at target: goes through links to the file itself, refuses what must
-// not be replaced, and tells its permissions. mode is left as it was where there is none.
-Result PrepareReplacing(std::string& target, mode_t& mode) {
+// not be replaced, and tells its owner and permissions. Empty where there is none.
+Result PrepareReplacing(std::string& target, std::optional<struct stat>& old) {
     struct stat info;
     if (lstat(target.c_str(), &info) != 0) return errno == ENOENT ? Result() : Failed(errno);
     if (S_ISLNK(info.st_mode)) {
@@ -178,7 +179,7 @@ Result PrepareReplacing(std::string& target, mode_t& mode) {
     if (S_ISDIR(info.st_mode)) return Failed(EISDIR);
     if (!S_ISREG(info.st_mode)) return Failed(EINVAL);
     if (IsMarkedReadOnly(info) || access(target.c_str(), W_OK) != 0) return Failed(EACCES);
-    mode = info.st_mode & 07777;
+    old = info;
     return {};
 }
 
@@ -285,11 +286,15 @@ Result InputFile::Read(char* room, std::size_t size, std::size_t& got) {
 
 Result WriteReplacing(std::u16string_view path, Parts parts) {
     std::string target = Native(path);
-    mode_t mode = 0;
-    if (Result prepared = PrepareReplacing(target, mode); !prepared) return prepared;
+    std::optional<struct stat> old;
+    if (Result prepared = PrepareReplacing(target, old); !prepared) return prepared;
     TemporaryFile file;
     if (Result created = file.Create(target); !created) return created;
-    if (mode != 0 && fchmod(file.File(), mode) != 0) return Failed(errno);
+    if (old) {
+        // Whoever may write the file without owning it becomes its owner; root gives it back.
+        [[maybe_unused]] const int given = fchown(file.File(), old->st_uid, old->st_gid);
+        if (fchmod(file.File(), old->st_mode & 07777) != 0) return Failed(errno);
+    }
     for (const std::string_view part : parts)
         if (Result written = file.Write(part); !written) return written;
     return file.Finish(true);
@@ -311,8 +316,8 @@ Result Copy(std::u16string_view from, std::u16string_view to) {
     if (!S_ISREG(info.st_mode)) return Failed(S_ISDIR(info.st_mode) ? EISDIR : EINVAL);
     if (SameFile(from, to)) return Failed(EINVAL);
     std::string target = Native(to);
-    mode_t mode = 0;
-    if (Result prepared = PrepareReplacing(target, mode); !prepared) return prepared;
+    std::optional<struct stat> old;
+    if (Result prepared = PrepareReplacing(target, old); !prepared) return prepared;
     TemporaryFile file;
     if (Result created = file.Create(target); !created) return created;
     if (fchmod(file.File(), info.st_mode & 0777) != 0) return Failed(errno);

@@ -281,6 +281,17 @@ TEST_F(FilesFaults, ReplacingKeepsPermissionsAndLeavesDevicesAlone) {
     EXPECT_TRUE(std::filesystem::is_fifo(m_Folder.Path(u"pipe")));
 }
 
+TEST_F(FilesFaults, AFileThatRootReplacesStaysItsOwners) {
+    if (geteuid() != 0) GTEST_SKIP() << "only root can make a file that belongs to somebody else";
+    const std::u16string path = m_Folder.Put(u"a.txt", "old");
+    ASSERT_EQ(0, chown(m_Folder.Path(u"a.txt").c_str(), 1234, 2345));
+    ASSERT_TRUE(files::WriteReplacing(path, "new"));
+    struct stat info;
+    ASSERT_EQ(0, stat(m_Folder.Path(u"a.txt").c_str(), &info));
+    EXPECT_EQ(1234u, info.st_uid);
+    EXPECT_EQ(2345u, info.st_gid);
+}
+
 TEST_F(FilesFaults, AFileWhoseSizeTheSystemDoesNotTellIsReadWhole) {
     ASSERT_EQ(0u, std::filesystem::file_size("/proc/self/status"));
     std::string bytes;
