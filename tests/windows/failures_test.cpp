@@ -5,6 +5,7 @@
 #include "controls/PictureBox.h"
 #include "controls/TextBox.h"
 #include "controls/Timer.h"
+#include "windows/Boxes.h"
 #include "windows/FormTest.h"
 
 namespace {
@@ -140,6 +141,26 @@ TEST_F(Failing, WhatIsNoFailureOfOursIsToldToo) {
         EXPECT_EQ(told(std::runtime_error("odd")), u"Unexpected failure:\r\nodd");
         EXPECT_EQ(told(7), u"Unexpected failure");
     });
+}
+
+TEST_F(Failing, TheReportIsOneBoxAtTheVeryEnd) {
+    FailingForm& form = *m_Shown;
+    form.Title.MouseDown = ThrowAt(kOverflow);
+    bool reported = false;
+    m_Ui.Post([&] {
+        EventFrame::Report(u"Zorvak Converter", u"C:\\a.txt"); // nothing has failed: no box
+        SendMessageW(form.Title.Base.hWnd(), WM_LBUTTONDOWN, MK_LBUTTON, 0);
+        EventFrame::Report(u"Zorvak Converter", u"C:\\a.txt");
+        reported = true;
+    });
+    const gui::Box box = gui::WaitForBox();
+    ASSERT_TRUE(box);
+    EXPECT_EQ(box.Title, u"Zorvak Converter");
+    EXPECT_EQ(box.Text, u"Run-time error 6:\r\nOverflow\r\ntest\r\nC:\\a.txt");
+    EXPECT_EQ(box.Icon, gui::BoxIcon::Stop);
+    EXPECT_EQ(box.Buttons, std::vector<int>{IDOK});
+    EXPECT_TRUE(box.Press());
+    EXPECT_TRUE(Becomes([&] { return reported; }));
 }
 
 // ---- the timer itself ----
