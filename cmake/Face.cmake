@@ -35,6 +35,18 @@ add_custom_command(OUTPUT "${picture_dir}/pictures.rc"
 set_property(SOURCE "${face_resources}" APPEND PROPERTY OBJECT_DEPENDS "${picture_dir}/pictures.rc")
 set_property(SOURCE "${face_resources}" APPEND PROPERTY INCLUDE_DIRECTORIES "${picture_dir}")
 
+# Layout tables of the forms, by the form's name.
+file(GLOB layouts CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/data/layout/*.tsv")
+set(layout_list "")
+foreach(source IN LISTS layouts)
+  get_filename_component(name "${source}" NAME_WE)
+  string(APPEND layout_list "${name} LAYOUT \"${name}.tsv\"\n")
+endforeach()
+file(CONFIGURE OUTPUT "${CMAKE_BINARY_DIR}/layouts/layouts.rc" CONTENT "${layout_list}" @ONLY)
+set_property(SOURCE "${face_resources}" APPEND PROPERTY OBJECT_DEPENDS ${layouts} "${CMAKE_BINARY_DIR}/layouts/layouts.rc")
+set_property(SOURCE "${face_resources}" APPEND PROPERTY INCLUDE_DIRECTORIES
+  "${CMAKE_BINARY_DIR}/layouts" "${CMAKE_SOURCE_DIR}/data/layout")
+
 # Compiled once; a program with windows links it.
 add_library(face_resources OBJECT "${face_resources}")
 

@@ -2,6 +2,11 @@
 
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
+#include "base/win.h"
+
+#include <algorithm>
+#include <map>
+#include <string>
 
 namespace {
 
@@ -22,7 +27,33 @@ void SplitName(std::u16string_view told, LayoutRow& row) {
     row.Index = ParseNumber(told.substr(open + 1, told.size() - open - 2));
 }
 
-LayoutRow ParseRow(const std::vector<std::u16string_view>& fields) {
+using Properties = decltype(LayoutRow::Properties);
+using Sets = std::vector<std::pair<std::u16string_view, Properties>>;
+
+Properties ParseProperties(std::u16string_view told, const Sets& sets) {
+    Properties properties;
+    for (const std::u16string_view part : text::Split(told, u";")) {
+        const std::u16string_view property = Trimmed(part);
+        if (property.empty()) continue;
+        const std::size_t sign = property.find(u'=');
+        if (sign == std::u16string_view::npos)
+            throw RuntimeFailure(kTypeMismatch, u"Layout", u"No value: " + std::u16string(property));
+        const std::u16string_view name = Trimmed(property.substr(0, sign));
+        const std::u16string_view value = Trimmed(property.substr(sign + 1));
+        if (name != u"Use") {
+            properties.emplace_back(name, value);
+            continue;
+        }
+        const auto set =
+            std::find_if(sets.begin(), sets.end(), [&](const auto& s) { return s.first == value; });
+        if (set == sets.end())
+            throw RuntimeFailure(kTypeMismatch, u"Layout", u"No set " + std::u16string(value));
+        properties.insert(properties.end(), set->second.begin(), set->second.end());
+    }
+    return properties;
+}
+
+LayoutRow ParseRow(const std::vector<std::u16string_view>& fields, const Sets& sets) {
     LayoutRow row;
     row.Container = fields[1];
     SplitName(fields[2], row);
@@ -33,15 +64,7 @@ LayoutRow ParseRow(const std::vector<std::u16string_view>& fields) {
     }
     row.Caption = fields[8];
     if (!fields[9].empty()) row.TabIndex = ParseNumber(fields[9]);
-    if (fields.size() <= kFields) return row;
-    for (const std::u16string_view part : text::Split(fields[kFields], u";")) {
-        const std::u16string_view property = Trimmed(part);
-        if (property.empty()) continue;
-        const std::size_t sign = property.find(u'=');
-        if (sign == std::u16string_view::npos)
-            throw RuntimeFailure(kTypeMismatch, u"Layout", u"No value: " + std::u16string(property));
-        row.Properties.emplace_back(Trimmed(property.substr(0, sign)), Trimmed(property.substr(sign + 1)));
-    }
+    if (fields.size() > kFields) row.Properties = ParseProperties(fields[kFields], sets);
     return row;
 }
 
@@ -49,6 +72,7 @@ LayoutRow ParseRow(const std::vector<std::u16string_view>& fields) {
 
 std::vector<LayoutRow> ParseLayout(std::u16string_view table) {
     std::vector<LayoutRow> rows;
+    Sets sets;
     int line = 0;
     for (std::u16string_view told : text::Split(table, u"\n")) {
         ++line;
@@ -57,9 +81,25 @@ std::vector<LayoutRow> ParseLayout(std::u16string_view table) {
         const std::vector<std::u16string_view> fields = text::Split(told, u"\t");
         if (fields.size() < kFields)
             throw RuntimeFailure(kTypeMismatch, u"Layout", u"Line " + text::Decimal(line) + u" is too short");
-        rows.push_back(ParseRow(fields));
+        LayoutRow row = ParseRow(fields, sets);
+        if (row.Kind == u"set")
+            sets.emplace_back(row.Name, std::move(row.Properties));
+        else
+            rows.push_back(std::move(row));
     }
     return rows;
+}
+
+std::u16string_view LayoutFromResource(std::u16string_view form) {
+    static std::map<std::u16string, std::u16string, std::less<>> kept;
+    const auto known = kept.find(form);
+    if (known != kept.end()) return known->second;
+    const std::u16string name(form);
+    const HRSRC found = FindResourceW(nullptr, Wide(name), L"LAYOUT");
+    const HGLOBAL block = found ? LoadResource(nullptr, found) : nullptr;
+    const void* bytes = block ? LockResource(block) : nullptr;
+    if (!bytes) throw RuntimeFailure(kTypeMismatch, u"Layout", u"No layout " + name);
+    return kept[name] = text::FromUtf8({static_cast<const char*>(bytes), SizeofResource(nullptr, found)});
 }
 
 bool ParseYesNo(std::u16string_view value) {

@@ -2,13 +2,19 @@
 #include "controls/Layout.h"
 
 #include "base/RuntimeFailure.h"
+#include "base/Text.h"
 #include "controls/Caption.h"
 #include "controls/Form.h"
 #include "controls/Label.h"
+#include "controls/Picture.h"
 #include "controls/TextBox.h"
 #include "controls/Theme.h"
+#include "windows/Pixels.h"
 
 #include <gtest/gtest.h>
+
+#include <map>
+#include <set>
 
 namespace {
 
@@ -45,6 +51,17 @@ TEST(Layout, DamagedRowsAreRefused) {
     }
     EXPECT_THROW(ParseYesNo(u"true"), RuntimeFailure);
     EXPECT_THROW(ParseNumber(u""), RuntimeFailure);
+}
+
+TEST(Layout, SetsStandForTheirProperties) {
+    const auto rows = ParseLayout(u"form\n"
+                                  u"f\t\tflat\tset\t\t\t\t\t\t\tStyle=1; BackColor=Card\n"
+                                  u"f\tPane\tA\tbutton\t\t\t\t\t\t\tTag=x; Use=flat; Style=3\n");
+    ASSERT_EQ(rows.size(), 1u);
+    const decltype(rows[0].Properties) expected{
+        {u"Tag", u"x"}, {u"Style", u"1"}, {u"BackColor", u"Card"}, {u"Style", u"3"}};
+    EXPECT_EQ(rows[0].Properties, expected);
+    EXPECT_THROW(ParseLayout(u"form\nf\tP\tA\tbutton\t\t\t\t\t\t\tUse=lost\n"), RuntimeFailure);
 }
 
 std::u16string Told(Form& form, std::u16string_view layout) {
@@ -91,6 +108,63 @@ TEST(Layout, AFormSaysWhatDoesNotFit) {
         EXPECT_EQ(Told(form, u"form\nf\tfrmA\tL\tlabel\t0\t0\t0\t0\t\t\n"),
                   u"L: The layout has no line for the form");
     }
+}
+
+// The tables that ship: every name, picture, font and colour in them is known, and nothing
+// that can be clicked lies outside its container or shares its place in the tab order.
+TEST(Layout, TheFormsTablesHoldTogether) {
+    for (const char16_t* form : {u"frmMain", u"frm2nd", u"frmFirstSetting", u"frmOption", u"frmAbout",
+                                 u"frmLoading", u"frmDataPassword"}) {
+        const auto rows = ParseLayout(LayoutFromResource(form));
+        ASSERT_FALSE(rows.empty());
+        EXPECT_EQ(rows.front().Kind, u"form");
+        EXPECT_EQ(rows.front().Name, form);
+        std::map<std::u16string, const LayoutRow*> before;
+        std::set<int> tabs;
+        std::set<char16_t> keys;
+        for (const LayoutRow& row : rows) {
+            const std::u16string name = std::u16string(row.Name) + text::Decimal(row.Index);
+            const std::string told = text::ToUtf8(std::u16string(form) + u" " + name);
+            EXPECT_TRUE(before.emplace(name, &row).second) << told << " twice";
+            if (row.TabIndex >= 0) {
+                EXPECT_TRUE(tabs.insert(row.TabIndex).second) << told << " tab";
+            }
+            if (const char16_t key = AccessKeyOf(row.Caption)) {
+                EXPECT_TRUE(keys.insert(key).second) << told << " key";
+            }
+            if (row.Kind != u"form") {
+                const auto container = before.find(std::u16string(row.Container) + u"-1");
+                ASSERT_NE(container, before.end()) << told;
+                EXPECT_LE(row.Left + row.Width, container->second->Width) << told;
+                EXPECT_LE(row.Top + row.Height, container->second->Height) << told;
+            }
+            for (const auto& [property, value] : row.Properties) {
+                if (property == u"Picture") {
+                    EXPECT_FALSE(Picture::FromResource(value).Empty()) << told;
+                } else if (property == u"Font") {
+                    EXPECT_GT(DesignFont(value).Size, 0) << told;
+                } else if (property.find(u"Color") != property.npos && property != u"XPDefaultColors") {
+                    EXPECT_NO_THROW(ParseColour(value)) << told;
+                }
+            }
+        }
+    }
+    EXPECT_THROW(LayoutFromResource(u"frmNone"), RuntimeFailure);
+}
+
+// A form that needs nothing but the kit stands as its table says.
+TEST(Layout, TheLoadingNoticeIsMadeFromItsTable) {
+    Form form;
+    Label lblMsg;
+    form.Bind(u"lblMsg", lblMsg).Create(LayoutFromResource(u"frmLoading"));
+    EXPECT_EQ(lblMsg.Caption(), u"Loading Converter Settings...");
+    const gui::Pixels border = gui::ClientOf(form.Find(u"ShapeBorder")->hWnd());
+    EXPECT_EQ(border.At(0, 0), palette::Outline);
+    EXPECT_EQ(border.At(1, 1), palette::Card);
+    // The border lies below what it runs round.
+    EXPECT_EQ(GetWindow(form.Find(u"ShapeBorder")->hWnd(), GW_HWNDNEXT), nullptr);
+    const gui::Pixels image = gui::ClientOf(form.Find(u"ImageLoading")->hWnd());
+    EXPECT_LT(image.Count(palette::Card), 32 * 32 / 2);
 }
 
 TEST(Caption, AccessKeys) {
