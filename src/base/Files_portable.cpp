@@ -1,5 +1,5 @@
 // The files seam on POSIX systems. Names are bytes there; see FromPathBytes.
-// Tested by tests/unit/base/files_test.cpp and files_portable.cpp beside it.
+// Tested by tests/unit/base/files_test.cpp and files_faults_portable.cpp beside it.
 
 #include "base/Files.h"
 

@@ -1,5 +1,5 @@
 // The files seam on Windows: wide calls, paths of any length.
-// Tested by tests/unit/base/files_test.cpp and files_win.cpp beside it.
+// Tested by tests/unit/base/files_test.cpp and files_faults_win.cpp beside it.
 
 #include "base/Files.h"
 

@@ -1,4 +1,4 @@
-// Tested by tests/unit/engine/plugin_command_test.cpp.
+// Tested by tests/cli/test_plugin.py and test_plugin_check.py.
 
 #include "console/cmdPlugin.h"
 
