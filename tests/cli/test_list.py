@@ -1,10 +1,11 @@
 """zorvak list"""
 
+import configparser
 import shutil
 
 import pytest
 
-from conftest import run_on_terminal
+from conftest import ROOT, run_on_terminal
 
 INI = b"[Example]\r\nTable=Family\r\nDefault Font = \"Some Font\"\r\n[Nobody]\r\nTable=x\r\n"
 
@@ -49,10 +50,14 @@ def test_nothing_installed(zorvak, tmp_path, plugins):
 
 
 def test_the_shipped_encodings(zorvak):
+    ini = configparser.ConfigParser()
+    ini.read_string((ROOT / "data" / "Plugin.INI").read_text(encoding="cp1252"))
+    names = sorted(path.stem for path in (ROOT / "data" / "encodings").glob("*.txt"))
     result = zorvak.run("list")
     assert (result.code, result.err) == (0, "")
-    assert result.out == (b"Alpona\tAlpona\tBoishakhi\n"
-                          b"Bijoy\tBijoy\tSutonnyMJ\n"
-                          b"Proshika\tProshika\tAdarshaLipiNormal\n")
-    for line in result.out.decode().splitlines():
+    lines = result.out.decode().splitlines()
+    assert lines == [f"{name}\t{ini[name]['Table']}\t{ini[name]['Default Font']}" for name in names]
+    assert {"Alpona\tAlpona\tBoishakhi", "Bijoy\tBijoy\tSutonnyMJ",
+            "Proshika\tProshika\tAdarshaLipiNormal"} <= set(lines)
+    for line in lines:
         assert (zorvak.folder / "Font conversion Table" / (line.split("\t")[1] + ".tbl")).exists()

@@ -25,8 +25,9 @@ def expected(sample):
     return (ROOT / f"tests/golden/samples/{sample.stem}.expected.txt").read_text(encoding="utf-8").splitlines()
 
 
-def test_there_are_samples():
-    assert len(SAMPLES) == 3
+def test_there_is_a_sample_of_each_encoding():
+    assert len(SAMPLES) >= 3
+    assert [p.stem for p in SAMPLES] == sorted(p.stem for p in (ROOT / "data/encodings").glob("*.txt"))
 
 
 @pytest.mark.parametrize("sample", SAMPLES, ids=lambda p: p.stem)

@@ -17,6 +17,13 @@
 namespace encodings {
 
 inline const std::vector<std::string> kNames = {"Bijoy", "Proshika", "Alpona"};
+// Those of which there are pairs that are not part of the tree.
+inline const std::vector<std::string> kWithOpenPairs = {"Bijoy", "Proshika", "Alpona"};
+
+// A name as the extra files are called by it.
+inline std::string LowerName(const std::string& name) {
+    return text::ToUtf8(text::LowerAscii(text::FromUtf8(name)));
+}
 
 // The bytes of a file of the source tree; a missing one fails the test.
 inline std::string SourceFile(const std::string& path) {

@@ -58,6 +58,7 @@ std::u16string Converted(clsConvert& converter, std::u16string_view legacy) {
 }
 
 class Encoding : public testing::TestWithParam<std::string> {};
+class EncodingInTheOpen : public testing::TestWithParam<std::string> {};
 
 TEST_P(Encoding, OwnPairs) {
     const std::unique_ptr<clsConvert> converter = Load(GetParam());
@@ -94,11 +95,10 @@ TEST_P(Encoding, SampleSaysWhatWasWritten) {
 // because they look like stha.
 constexpr std::u16string_view kStha = u"Ef\u00D8q\u00A1fe";
 
-TEST_P(Encoding, OpenPairs) {
+TEST_P(EncodingInTheOpen, OpenPairs) {
     if (ExtraFolder().empty()) GTEST_SKIP() << "ZORVAK_EXTRA_FILES is not set";
     const std::unique_ptr<clsConvert> converter = Load(GetParam());
-    const std::vector<Pair> pairs =
-        OpenPairs(text::ToUtf8(text::LowerAscii(text::FromUtf8(GetParam()))) + "-pairs.tsv");
+    const std::vector<Pair> pairs = OpenPairs(LowerName(GetParam()) + "-pairs.tsv");
     ASSERT_FALSE(pairs.empty());
     std::size_t right = 0;
     std::string misses;
@@ -119,5 +119,7 @@ TEST_P(Encoding, OpenPairs) {
 }
 
 INSTANTIATE_TEST_SUITE_P(All, Encoding, testing::ValuesIn(kNames), [](const auto& one) { return one.param; });
+INSTANTIATE_TEST_SUITE_P(All, EncodingInTheOpen, testing::ValuesIn(kWithOpenPairs),
+                         [](const auto& one) { return one.param; });
 
 } // namespace
