@@ -98,5 +98,8 @@ bool TextBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& res
 }
 
 void TextBox::OnChanged(::Change what) {
+    // With a new font the system makes room of its own beside the text.
+    if (what == ::Change::Font || what == ::Change::Dpi)
+        SendMessageW(Base.hWnd(), EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
     FieldFrame::Changed(Base, what);
 }

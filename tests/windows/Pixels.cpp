@@ -50,11 +50,44 @@ Pixels ClientOf(HWND window) {
     });
 }
 
+namespace {
+
+// The system's own way leaves children out.
+void PrintTree(HWND window, HDC dc) {
+    RECT place, client;
+    GetWindowRect(window, &place);
+    GetClientRect(window, &client);
+    POINT inner{0, 0};
+    ClientToScreen(window, &inner);
+    SendMessageW(window, WM_PRINT, reinterpret_cast<WPARAM>(dc), PRF_NONCLIENT);
+    const int state = SaveDC(dc);
+    OffsetViewportOrgEx(dc, inner.x - place.left, inner.y - place.top, nullptr);
+    IntersectClipRect(dc, 0, 0, client.right, client.bottom);
+    const int own = SaveDC(dc);
+    SendMessageW(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT | PRF_ERASEBKGND);
+    RestoreDC(dc, own);
+    for (HWND child = GetWindow(window, GW_CHILD) ? GetWindow(GetWindow(window, GW_CHILD), GW_HWNDLAST)
+                                                  : nullptr;
+         child; child = GetWindow(child, GW_HWNDPREV)) {
+        if (!IsWindowVisible(child)) continue;
+        RECT at;
+        GetWindowRect(child, &at);
+        const int before = SaveDC(dc);
+        OffsetViewportOrgEx(dc, at.left - inner.x, at.top - inner.y, nullptr);
+        IntersectClipRect(dc, 0, 0, at.right - at.left, at.bottom - at.top);
+        PrintTree(child, dc);
+        RestoreDC(dc, before);
+    }
+    RestoreDC(dc, state);
+}
+
+} // namespace
+
 Pixels WindowOf(HWND window) {
     RECT place;
     GetWindowRect(window, &place);
     return Drawn(place.right - place.left, place.bottom - place.top,
-                 [window](HDC dc) { PrintWindow(window, dc, 0); });
+                 [window](HDC dc) { PrintTree(window, dc); });
 }
 
 } // namespace gui

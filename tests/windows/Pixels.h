@@ -25,7 +25,7 @@ struct Pixels {
 Pixels Drawn(int width, int height, const std::function<void(HDC)>& draw, COLORREF ground = RGB(255, 0, 255));
 // The client area of a window, as it paints itself; on the window's thread.
 Pixels ClientOf(HWND window);
-// The whole window with its border; on the window's thread.
+// The whole window with its border and its children; on the window's thread.
 Pixels WindowOf(HWND window);
 
 } // namespace gui

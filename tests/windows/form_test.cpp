@@ -168,4 +168,42 @@ TEST_F(FormKit, ScreenReadersAreTold) {
     });
 }
 
+// Screen readers live in other processes; another thread is the next best here.
+TEST_F(FormKit, ScreenReadersMayAskFromOutside) {
+    ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
+    const gui::Spoken high = gui::Ask(m_Shown->TextHigh.Base.hWnd());
+    EXPECT_EQ(high.Name, u"High:");
+    EXPECT_EQ(high.Role, ROLE_SYSTEM_TEXT);
+    RECT place;
+    GetWindowRect(m_Shown->TextHigh.Base.hWnd(), &place);
+    EXPECT_EQ(high.Place.left, place.left);
+    EXPECT_EQ(high.Place.bottom, place.bottom);
+    CoUninitialize();
+}
+
+// Who holds the object longer than the control lives is told so.
+TEST_F(FormKit, AnObjectOutlivesItsControl) {
+    m_Ui.Run([&] {
+        auto label = std::make_unique<Label>();
+        IAccessible* object = nullptr;
+        {
+            Form form;
+            form.Bind(u"L", *label)
+                .Create(u"form\nf\t\tfrmB\tform\t\t\t900\t900\t\t\t\nf\tfrmB\tL\tlabel\t0\t0\t90\t90\tText\t"
+                        u"\t\n");
+            ASSERT_EQ(AccessibleObjectFromWindow(label->Base.hWnd(), static_cast<DWORD>(OBJID_CLIENT),
+                                                 IID_IAccessible, reinterpret_cast<void**>(&object)),
+                      S_OK);
+        }
+        VARIANT self{};
+        self.vt = VT_I4;
+        BSTR name = nullptr;
+        EXPECT_EQ(object->get_accName(self, &name), CO_E_OBJNOTCONNECTED); // its window has gone
+        label.reset();
+        EXPECT_EQ(object->get_accName(self, &name), CO_E_OBJNOTCONNECTED);
+        EXPECT_EQ(name, nullptr);
+        object->Release();
+    });
+}
+
 } // namespace
