@@ -191,8 +191,12 @@ TEST_F(FilesFaults, AKilledWriterNeverLeavesHalfAFile) {
     const std::u16string replaced = m_Folder.Put(u"replaced.txt", one);
     int halves = 0, kills = 0;
     for (; kills < 400 && (halves < 10 || kills < 60); ++kills) {
+        int started[2];
+        ASSERT_EQ(0, pipe(started));
         const pid_t writer = fork();
         if (writer == 0) {
+            close(started[0]);
+            close(started[1]); // the other end sees it
             for (;;) {
                 files::WriteReplacing(replaced, two);
                 files::WriteReplacing(replaced, one);
@@ -201,7 +205,11 @@ TEST_F(FilesFaults, AKilledWriterNeverLeavesHalfAFile) {
             }
         }
         ASSERT_GT(writer, 0);
-        std::this_thread::sleep_for(std::chrono::microseconds(1000 + kills * 137 % 9000));
+        close(started[1]);
+        char none;
+        EXPECT_EQ(0, read(started[0], &none, 1));
+        close(started[0]);
+        std::this_thread::sleep_for(std::chrono::microseconds(kills * 137 % 9000));
         ASSERT_EQ(0, kill(writer, SIGKILL));
         ASSERT_EQ(writer, waitpid(writer, nullptr, 0));
         const std::string left = m_Folder.Get(u"replaced.txt");
