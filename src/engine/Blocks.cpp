@@ -92,7 +92,7 @@ std::size_t ConvertToUnits(Engine& engine, std::basic_string_view<Unit> block, L
         const std::size_t length = CutLine(block.substr(start), cut, end);
         const std::size_t before = units.Size();
         try {
-            engine.Convert(block, start, length, units);
+            engine.Convert(block.substr(start, length), units);
         } catch (const RuntimeFailure& failure) {
             const std::u16string legacy = Widen(block.substr(start, length));
             if (!onFailure({line, legacy, failure})) return start;

@@ -43,7 +43,6 @@ void Engine::CheckTable() const {
 }
 
 void Engine::Derive() {
-    m_Words.reset();
     m_Lines16.reset();
     m_Lines8.reset();
     for (Fast* fast : {&m_Whole, &m_Rules}) {
@@ -70,7 +69,6 @@ void Engine::Derive() {
     if (!m_OrdinaryMarkers) return;
     m_Segments.Build();
     m_Whole.machine.emplace(m_Alphabet, m_Chain, &m_Segments, m_Limits.Machine);
-    m_Words.emplace(*m_Whole.machine, m_Limits.MemoBits);
     m_SyllablePasses.SetMarkers(reph[0], yaPhala[0]);
     m_Lines16.emplace(m_Chain, m_SyllablePasses, OutputEncoding::Utf16);
     m_Lines8.emplace(m_Chain, m_SyllablePasses, OutputEncoding::Utf8);
@@ -82,65 +80,43 @@ bool Engine::ConvertLines(std::string_view block, LineEnd cut, OutputEncoding en
     if (!machine || m_Growth.MayOutgrow(block)) return false;
     const auto otherWay = [&](std::string_view line, OutputBuffer& lineOutput) {
         m_OtherLine.Clear();
-        Convert(line, 0, line.size(), m_OtherLine);
+        Convert(line, m_OtherLine);
         AppendUnits(m_OtherLine.View(), encoding, lineOutput);
     };
     return machine->ConvertBlock(block, cut, output, otherWay);
 }
 
-void Engine::LetRest(Fast& fast) const {
-    if (fast.machine->LineAskedForTooMuch()) fast.rest = m_Limits.LinesAfterGivingUp;
-}
-
+// False where the machine is not to be used for the line, or gave it up; output is then as before.
 template <class Unit>
-bool Engine::ConvertWhole(std::basic_string_view<Unit> block, std::size_t start, std::size_t length,
-                          UnitBuffer& output) {
-    const std::basic_string_view<Unit> line = block.substr(start, length);
-    if (!m_Whole.Ready() || m_Growth.MayOutgrow(line)) return false;
+bool Engine::RunFast(Fast& fast, std::basic_string_view<Unit> line, UnitBuffer& output) {
+    if (!fast.Ready() || m_Growth.MayOutgrow(line)) return false;
+    Machine& machine = *fast.machine;
     const std::size_t before = output.Size();
-    if constexpr (sizeof(Unit) == 1) {
-        if (m_Words->Convert(block, start, length, output)) return true;
-    } else {
-        Machine& machine = *m_Whole.machine;
-        machine.BeginLine(length);
-        const std::uint32_t state = machine.Run(machine.Start(), line.data(), length, output);
-        if (state != Machine::kGaveUp && machine.Finish(state, output)) return true;
-    }
+    machine.BeginLine(line.size());
+    const std::uint32_t state = machine.Run(machine.Start(), line.data(), line.size(), output);
+    if (state != Machine::kGaveUp && machine.Finish(state, output)) return true;
     output.SetSize(before);
-    LetRest(m_Whole);
+    if (machine.LineAskedForTooMuch()) fast.rest = m_Limits.LinesAfterGivingUp;
     return false;
 }
 
 template <class Unit>
-void Engine::Convert(std::basic_string_view<Unit> block, std::size_t start, std::size_t length,
-                     UnitBuffer& output) {
-    if (!ConvertWhole(block, start, length, output))
-        ConvertByLine(Widen(block.substr(start, length)), output);
+void Engine::Convert(std::basic_string_view<Unit> line, UnitBuffer& output) {
+    if (!RunFast(m_Whole, line, output)) ConvertByLine(Widen(line), output);
 }
 
-template void Engine::Convert(std::string_view, std::size_t, std::size_t, UnitBuffer&);
-template void Engine::Convert(std::u16string_view, std::size_t, std::size_t, UnitBuffer&);
+template void Engine::Convert(std::string_view, UnitBuffer&);
+template void Engine::Convert(std::u16string_view, UnitBuffer&);
 
 void Engine::ConvertByLine(std::u16string_view line, UnitBuffer& output) {
-    if (!ApplyRulesFast(line)) {
+    m_Line.Clear();
+    if (!RunFast(m_Rules, line, m_Line)) {
         m_Work.assign(line);
         ApplyRules(m_Table, m_Work, m_Spare);
-        m_Line.Clear();
         m_Line.Append(m_Work);
     }
     ApplyPasses();
     output.Append(m_Line.View());
-}
-
-bool Engine::ApplyRulesFast(std::u16string_view line) {
-    if (!m_Rules.Ready() || m_Growth.MayOutgrow(line)) return false;
-    Machine& machine = *m_Rules.machine;
-    m_Line.Clear();
-    machine.BeginLine(line.size());
-    const std::uint32_t state = machine.Run(machine.Start(), line.data(), line.size(), m_Line);
-    if (state != Machine::kGaveUp && machine.Finish(state, m_Line)) return true;
-    LetRest(m_Rules);
-    return false;
 }
 
 void Engine::ApplyPasses() {

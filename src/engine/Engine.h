@@ -14,14 +14,12 @@
 #include "engine/Segments.h"
 #include "engine/SyllableMachine.h"
 #include "engine/SyllablePasses.h"
-#include "engine/WordRun.h"
 
 #include <optional>
 #include <string>
 #include <string_view>
 
 struct EngineLimits {
-    unsigned MemoBits = 18; // size of the word memo
     MachineLimits Machine;
     std::size_t LinesAfterGivingUp = 64; // converted without the machine before it is tried again
 };
@@ -38,11 +36,10 @@ public:
     // Raises what concerns the table as a whole.
     void CheckTable() const;
 
-    // Appends what the line at block[start] becomes; raises the failures of a line, and output may
-    // then have grown. Unit is char for cp1252 or char16_t.
+    // Appends what the line becomes; raises the failures of a line, and output may then have
+    // grown. Unit is char for cp1252 or char16_t.
     template <class Unit>
-    void Convert(std::basic_string_view<Unit> block, std::size_t start, std::size_t length,
-                 UnitBuffer& output);
+    void Convert(std::basic_string_view<Unit> line, UnitBuffer& output);
 
     // Converts a block of whole lines at once and appends them. False with output as it was
     // where that does not pay or a line fails.
@@ -69,10 +66,7 @@ private:
     void Derive();
     void ApplyPasses();
     template <class Unit>
-    bool ConvertWhole(std::basic_string_view<Unit> block, std::size_t start, std::size_t length,
-                      UnitBuffer& output);
-    bool ApplyRulesFast(std::u16string_view line);
-    void LetRest(Fast& fast) const;
+    bool RunFast(Fast& fast, std::basic_string_view<Unit> line, UnitBuffer& output);
 
     RuleTable m_Table;
     EngineLimits m_Limits;
@@ -83,7 +77,6 @@ private:
     Segments m_Segments;
     bool m_OrdinaryMarkers = false;
     Fast m_Whole, m_Rules;
-    std::optional<WordRun> m_Words; // by m_Whole
     SyllablePasses m_SyllablePasses;
     std::optional<SyllableMachine> m_Lines16, m_Lines8;
     UnitBuffer m_Line, m_OtherLine;

@@ -47,6 +47,7 @@ Machine::Machine(const Alphabet& alphabet, RuleChain& chain, Segments* segments,
 void Machine::BeginLine(std::size_t length) {
     m_NewLeft = m_Limits.NewPerLine + length / m_Limits.UnitsPerNew;
     m_UnitsSinceReset += length;
+    m_UnitsInAll += length;
 }
 
 void Machine::Reset() {
@@ -59,14 +60,7 @@ void Machine::Reset() {
     m_Keys.assign(1, {}); // kGaveUp
     m_KeyUnits = 0;
     m_UnitsSinceReset = 0;
-    ++m_Resets;
-    State state;
-    m_Start = StateNumber(state);
-    if (m_Segments != nullptr) {
-        state.pending = u" ";
-        m_Segments->Canonical(state.pending);
-    }
-    m_Quiet = StateNumber(state);
+    m_Start = StateNumber(State());
 }
 
 std::uint32_t Machine::StateNumber(const State& state) {
@@ -144,7 +138,9 @@ std::uint32_t Machine::Keep(std::u16string_view output, std::u16string_view rear
 }
 
 const Machine::Slot* Machine::Compute(std::uint32_t from, std::uint32_t number) {
-    if (m_NewLeft == 0) return nullptr;
+    if (++m_ComputedInAll > m_Limits.NewInAll && m_ComputedInAll * m_Limits.UnitsPerNew > m_UnitsInAll)
+        m_Pays = false;
+    if (m_NewLeft == 0 || !m_Pays) return nullptr;
     --m_NewLeft;
     Unpack(m_Keys[from * kUnspread], m_Work);
     const bool goesOn = Advance(m_Work, number);
@@ -197,18 +193,6 @@ bool Machine::Advance(State& state, std::uint32_t number) {
     if (!m_Segments->TakeSettled(state.pending, m_Chain.NextOut(), isEnd, m_Rearranged)) return false;
     m_Segments->Canonical(state.pending);
     return state.pending.size() <= m_Limits.Pending;
-}
-
-bool Machine::StartIsLikeQuiet(unsigned char byte) {
-    Slot slots[2];
-    const std::size_t resets = m_Resets;
-    for (int i = 0; i < 2; ++i) {
-        const Slot* const slot = Find(i == 0 ? m_Start : m_Quiet, byte);
-        if (slot == nullptr) return false;
-        slots[i] = *slot;
-    }
-    return resets == m_Resets && slots[0].next == slots[1].next && slots[0].offset == slots[1].offset &&
-           slots[0].length == slots[1].length;
 }
 
 bool Machine::Finish(std::uint32_t state, UnitBuffer& output) {

@@ -5,6 +5,7 @@
 #include "engine/OutputBuffer.h"
 #include "engine/RuleChain.h"
 #include "engine/Segments.h"
+#include "engine/WorkCounter.h"
 
 #include <cstdint>
 #include <cstring>
@@ -22,6 +23,7 @@ struct MachineLimits {
     std::size_t Pending = 40;      // units that may wait for what comes behind them
     std::size_t NewPerLine = 4096; // transitions that a line may ask for, and ...
     std::size_t UnitsPerNew = 8;   // ... one more for each of so many units
+    std::size_t NewInAll = 50000;  // that many do not matter; more than one for UnitsPerNew do
     std::size_t UnitsPerState = 8; // below that a full table was not worth its while
 };
 
@@ -44,15 +46,8 @@ public:
     // Why it gave up on this line: it asked for too many new transitions.
     bool LineAskedForTooMuch() const { return m_NewLeft == 0 || !m_Pays; }
 
-    // No rule is in progress, and of what has come out only the last unit still matters, which
-    // no pass reads: the state behind a blank, if the table leaves blanks alone.
-    std::uint32_t Quiet() const { return m_Quiet; }
-    // Whether a byte leads from the start of the line where it leads from the quiet state, with
-    // the same output.
-    bool StartIsLikeQuiet(unsigned char byte);
-    // States have other numbers after each reset.
-    std::size_t Resets() const { return m_Resets; }
-    // The table was filled and thrown away before it was worth its while.
+    // False where the table asked for too many transitions for the text that came through it,
+    // or was filled and thrown away before it was worth its while.
     bool Pays() const { return m_Pays; }
     std::size_t StateCount() const { return m_Keys.size(); }
     std::size_t TransitionCount() const { return m_TransitionCount; }
@@ -106,11 +101,10 @@ private:
     std::deque<std::u16string> m_Keys;                        // by state index
     std::unordered_map<std::u16string_view, std::uint32_t> m_States;
     std::size_t m_KeyUnits = 0;
-    std::uint32_t m_Start = 0, m_Quiet = 0;
-    std::size_t m_Resets = 0;
+    std::uint32_t m_Start = 0;
 
     std::size_t m_NewLeft = 0; // transitions that this line may still ask for
-    std::uint64_t m_UnitsSinceReset = 0;
+    std::uint64_t m_UnitsSinceReset = 0, m_UnitsInAll = 0, m_ComputedInAll = 0;
     bool m_Pays = true;
     // Kept between calls for their room.
     State m_Work;
@@ -137,6 +131,7 @@ std::uint32_t Machine::Run(std::uint32_t state, const Unit* text, std::size_t le
     const Slot* slots = m_Slots.data();
     const char16_t* pool = m_Pool.data();
     std::uint32_t mask = m_Mask;
+    CountWork(length);
     for (const Unit* const end = text + length; text < end;) {
         const Unit* const pieceEnd =
             text + std::min<std::size_t>(kPiece, static_cast<std::size_t>(end - text));

@@ -39,7 +39,7 @@ void clsConvert::UnLoadTable() {
 std::u16string clsConvert::Convert(std::u16string_view line) {
     m_Engine->CheckTable();
     m_Line.Clear();
-    m_Engine->Convert(line, 0, line.size(), m_Line);
+    m_Engine->Convert(line, m_Line);
     return std::u16string(m_Line.View());
 }
 
