@@ -200,8 +200,7 @@ SyllableMachine::Entry SyllableMachine::Compute(std::uint32_t row, unsigned colu
     return entry;
 }
 
-SyllableMachine::Entry SyllableMachine::Unusual(std::uint32_t row, unsigned column, char* cluster,
-                                                char*& out) {
+SyllableMachine::Step SyllableMachine::Unusual(std::uint32_t row, unsigned column, char* cluster, char* out) {
     Entry entry = m_Rows[row + column];
     if (entry.length & kMissing) entry = Compute(row, column);
     const std::size_t rephs = entry.length >> kRephShift;
@@ -214,7 +213,7 @@ SyllableMachine::Entry SyllableMachine::Unusual(std::uint32_t row, unsigned colu
         out += rephs * length;
         entry.length &= kLengthBits;
     }
-    return entry;
+    return {entry, out};
 }
 
 // Takes so many steps in each of the lanes from `first` on.
@@ -244,7 +243,9 @@ void SyllableMachine::WalkSteps(Lanes& lanes, std::size_t first, std::size_t ste
             const unsigned column = m_Columns[static_cast<unsigned char>(at[k][i])];
             Entry entry = rows[row[k] + column];
             if (entry.length > kStep) [[unlikely]] {
-                entry = Unusual(row[k], column, lanes.clusters[first + k][1], out[k]);
+                const Step step = Unusual(row[k], column, lanes.clusters[first + k][1], out[k]);
+                entry = step.entry;
+                out[k] = step.out;
                 rows = m_Rows.data();
                 texts = m_Texts.data();
             }
@@ -266,7 +267,11 @@ bool SyllableMachine::EndLine(Lanes& lanes, std::size_t lane, const OtherWay& ot
     Lanes::Lane& l = lanes.lane[lane];
     char*& out = lanes.out[lane];
     Entry entry = m_Rows[lanes.row[lane] + kColumns - 1];
-    if (entry.length > m_Step) entry = Unusual(lanes.row[lane], kColumns - 1, lanes.clusters[lane][1], out);
+    if (entry.length > m_Step) {
+        const Step step = Unusual(lanes.row[lane], kColumns - 1, lanes.clusters[lane][1], out);
+        entry = step.entry;
+        out = step.out;
+    }
     std::memcpy(out, &m_Texts[entry.text * m_Step], m_Step);
     out += entry.length;
     if (entry.next == 0) {

@@ -39,7 +39,7 @@ private:
     static constexpr std::size_t kRowSize = 264;
     // Bytes that a step writes at most: eight units.
     static constexpr std::size_t kUtf16Step = 16, kUtf8Step = 24;
-    static constexpr std::size_t kLanes = 4;
+    static constexpr std::size_t kLanes = 3;
 
     // A step: go to the row at `next` and write `length` bytes. The high bits of the two
     // small fields say more: see the constants in the source.
@@ -57,8 +57,13 @@ private:
     Entry Compute(std::uint32_t row, unsigned column);
     bool PutAll(std::u16string_view units, SyllablePasses::State& state, SyllableOutput& output) const;
     bool Encode(const SyllableOutput& made, Entry& entry);
-    // The step for what stands in column; computes it, or puts rephs into out, where it must.
-    Entry Unusual(std::uint32_t row, unsigned column, char* cluster, char*& out);
+    // The step for what stands in column. Computes it, and puts rephs in front of the cluster,
+    // where it must; out is then moved on.
+    struct Step {
+        Entry entry;
+        char* out;
+    };
+    Step Unusual(std::uint32_t row, unsigned column, char* cluster, char* out);
     template <std::size_t kCount>
     void Walk(Lanes& lanes, std::size_t first, std::size_t steps);
     template <std::size_t kCount, std::size_t kStep>
