@@ -86,20 +86,20 @@ void Control::Visible(bool visible) {
     if (visible == m_Visible) return;
     m_Visible = visible;
     if (!m_hWnd) return;
-    const bool hadFocus = !visible && m_Container && HasFocus(); // a form goes as a whole
+    Control* focused = Around(GetFocus());
     ShowWindow(m_hWnd, visible ? SW_SHOWNA : SW_HIDE);
     Notify(visible ? EVENT_OBJECT_SHOW : EVENT_OBJECT_HIDE);
-    if (hadFocus) m_Form->FocusNext(*this);
+    if (m_Container) m_Form->KeepFocusUsable(focused); // a form goes as a whole
 }
 
 void Control::Enabled(bool enabled) {
     if (enabled == m_Enabled) return;
     m_Enabled = enabled;
     if (!m_hWnd) return;
-    const bool hadFocus = !enabled && HasFocus();
+    Control* focused = Around(GetFocus());
     m_Form->EnabledChanged(*this);
     Notify(EVENT_OBJECT_STATECHANGE);
-    if (hadFocus) m_Form->FocusNext(*this);
+    m_Form->KeepFocusUsable(focused);
 }
 
 void Control::Caption(std::u16string_view caption) {
@@ -145,6 +145,7 @@ void Control::ZOrder(int position) {
     SetWindowPos(m_hWnd, position == 0 ? HWND_TOP : HWND_BOTTOM, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     Notify(EVENT_OBJECT_REORDER);
+    if (m_Container) m_Form->KeepFocusUsable(Around(GetFocus()));
 }
 
 void Control::SetFocus() {

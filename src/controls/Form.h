@@ -118,6 +118,7 @@ private:
     // FormKeys.cpp
     std::vector<Control*> TabOrder() const;
     void FocusFirst();
+    void KeepFocusUsable(const Control* focused);
     bool FilterKey(const MSG& message);
     bool PressButton(Control* button);
     bool AccessKey(char16_t letter);

@@ -93,6 +93,12 @@ void Form::FocusFirst() {
     }
 }
 
+// What had the focus may have been disabled, hidden or covered: then the next one gets it.
+void Form::KeepFocusUsable(const Control* focused) {
+    if (!focused || focused == &Base || focused->m_Form != this || focused->Usable()) return;
+    FocusNext(*focused);
+}
+
 void Form::FocusNext(const Control& from, bool backwards) {
     std::vector<Control*> order = TabOrder();
     // Up to from, or to where it would stand, goes to the end.

@@ -95,6 +95,19 @@ TEST_F(FormKit, FocusMovesOnWhenItsControlIsDisabledOrHidden) {
     EXPECT_TRUE(FocusComesTo(form.Last[1].Base));
     m_Ui.Run([&] { form.Last[1].Base.Visible(false); });
     EXPECT_TRUE(FocusComesTo(form.Last[0].Base));
+    // When nothing is left, the form itself keeps the keys.
+    m_Ui.Run([&] { form.Last[0].Base.Enabled(false); });
+    EXPECT_TRUE(Becomes([&] { return GetFocus() == form.Window.Base.hWnd(); }));
+    EXPECT_FALSE(On([] { return EventFrame::Ending(); }));
+}
+
+TEST_F(FormKit, FocusLeavesAPaneThatARaisedOneCovers) {
+    TestForm& form = *m_Shown;
+    ASSERT_TRUE(FocusComesTo(form.TextHigh.Base));
+    m_Ui.Run([&] { form.FrameLow.Base.ZOrder(); });
+    EXPECT_TRUE(FocusComesTo(form.Last[1].Base)); // the next number that can be seen
+    m_Ui.Run([&] { form.FrameLow.Base.ZOrder(1); });
+    EXPECT_TRUE(On([&] { return form.Last[1].Base.HasFocus(); }));
 }
 
 TEST_F(FormKit, AnAccessKeyOfALabelGoesToItsField) {
