@@ -4,11 +4,11 @@
 // Input: a byte that says what follows (even: a file; odd: the text of a plug-in as UTF-16,
 // with LF standing for CR LF where bit 1 is set), then that.
 
+#include "RuleTables.h"
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
 #include "engine/PluginFile.h"
 #include "engine/RuleCheck.h"
-#include "engine/RuleSource.h"
 #include "engine/clsConvert.h"
 
 #include <algorithm>
@@ -21,23 +21,6 @@ namespace {
 
 using rulesource::Message;
 using rulesource::Table;
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
-
-bool AnyError(const std::vector<Message>& messages) {
-    return std::any_of(messages.begin(), messages.end(),
-                       [](const Message& message) { return message.error; });
-}
-
-bool Same(const Table& a, const Table& b) {
-    return a.reph.text == b.reph.text && a.yaPhala.text == b.yaPhala.text &&
-           std::equal(a.rules.begin(), a.rules.end(), b.rules.begin(), b.rules.end(),
-                      [](const Table::Rule& x, const Table::Rule& y) {
-                          return x.find == y.find && x.replace == y.replace;
-                      });
-}
 
 // Takes a failure that LoadTable may raise; any other is a fault of ours.
 template <class Call>

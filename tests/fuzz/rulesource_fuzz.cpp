@@ -3,10 +3,10 @@
 //
 // Input: the text of a source.
 
+#include "RuleTables.h"
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
 #include "engine/RuleCheck.h"
-#include "engine/RuleSource.h"
 #include "engine/clsConvert.h"
 
 #include <algorithm>
@@ -19,23 +19,6 @@ namespace {
 
 using rulesource::Message;
 using rulesource::Table;
-
-void Require(bool holds) {
-    if (!holds) std::abort();
-}
-
-bool AnyError(const std::vector<Message>& messages) {
-    return std::any_of(messages.begin(), messages.end(),
-                       [](const Message& message) { return message.error; });
-}
-
-bool Same(const Table& a, const Table& b) {
-    return a.reph.text == b.reph.text && a.yaPhala.text == b.yaPhala.text &&
-           std::equal(a.rules.begin(), a.rules.end(), b.rules.begin(), b.rules.end(),
-                      [](const Table::Rule& x, const Table::Rule& y) {
-                          return x.find == y.find && x.replace == y.replace;
-                      });
-}
 
 void TrySource(std::string_view bytes) {
     std::vector<Message> messages;

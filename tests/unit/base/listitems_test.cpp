@@ -1,21 +1,12 @@
 #include "base/ListItems.h"
 
 #include "base/Counter16.h"
+#include "support/Failure.h"
 
 #include <gtest/gtest.h>
 
-#include <functional>
 
 namespace {
-
-int FailureOf(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const RuntimeFailure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 std::u16string All(const ListItems& items) {
     std::u16string all;
@@ -56,19 +47,19 @@ TEST(ListItems, TheSamePathCanStandInItTwice) {
 TEST(ListItems, AnIndexOutOfRangeIsFailure9) {
     ListItems items;
     items.AddItem(u"a");
-    EXPECT_EQ(9, FailureOf([&] { items.List(1); }));
-    EXPECT_EQ(9, FailureOf([&] { items.List(-1); }));
-    EXPECT_EQ(9, FailureOf([&] { items.Remove(1); }));
-    EXPECT_EQ(9, FailureOf([&] { items.AddItem(u"b", 2); }));
-    EXPECT_EQ(9, FailureOf([&] { items.AddItem(u"b", -2); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.List(1); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.List(-1); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.Remove(1); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.AddItem(u"b", 2); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.AddItem(u"b", -2); }));
     EXPECT_EQ(u"a ", All(items));
 }
 
 TEST(Counter16, HoldsSixteenBitsAndFailsBeyond) {
     EXPECT_EQ(32767, ToInt16(32767, u"test"));
     EXPECT_EQ(-32768, ToInt16(-32768, u"test"));
-    EXPECT_EQ(6, FailureOf([] { ToInt16(32768, u"test"); }));
-    EXPECT_EQ(6, FailureOf([] { ToInt16(-32769, u"test"); }));
+    EXPECT_EQ(6, FailureNumber([] { ToInt16(32768, u"test"); }));
+    EXPECT_EQ(6, FailureNumber([] { ToInt16(-32769, u"test"); }));
 }
 
 } // namespace

@@ -1,9 +1,9 @@
 // Key pairs and signatures against stand-ins for the provider. crypto_keypair_test_win.cpp
 // runs them against the real one.
 
-#include "base/RuntimeFailure.h"
 #include "base/Text.h"
 #include "engine/clsCryptoAPI.h"
+#include "support/Failure.h"
 
 #include <gtest/gtest.h>
 
@@ -16,17 +16,6 @@ using Byte = Ops::Byte;
 
 constexpr int kError = 4321;
 constexpr Dword kBadSignature = 0x80090006;
-
-template <class Call>
-RuntimeFailure FailureOf(Call call) {
-    try {
-        call();
-    } catch (const RuntimeFailure& failure) {
-        return failure;
-    }
-    ADD_FAILURE() << "no failure";
-    return RuntimeFailure(0, u"");
-}
 
 bool Give(std::string_view from, Byte* to, Dword& length) {
     if (to) std::copy(from.begin(), from.end(), to);

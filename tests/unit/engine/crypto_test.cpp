@@ -2,10 +2,10 @@
 // two are different programs that must answer alike.
 
 #include "base/Rc4.h"
-#include "base/RuntimeFailure.h"
 #include "base/Sha1.h"
 #include "base/Text.h"
 #include "engine/clsCryptoAPI.h"
+#include "support/Failure.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -36,17 +36,6 @@ std::string Expected(std::string_view password, std::string salt, std::string by
     salt.resize(11, '\0');
     Rc4(key + salt).Apply({reinterpret_cast<std::uint8_t*>(bytes.data()), bytes.size()});
     return bytes;
-}
-
-template <class Call>
-RuntimeFailure FailureOf(Call call) {
-    try {
-        call();
-    } catch (const RuntimeFailure& failure) {
-        return failure;
-    }
-    ADD_FAILURE() << "no failure";
-    return RuntimeFailure(0, u"");
 }
 
 std::u16string AllBytes() {
@@ -318,6 +307,20 @@ TEST_P(Crypto, FailuresOfEncryption) {
 TEST_P(Crypto, FailuresOfDecryption) {
     for (const Case& broken : kDecryptCases)
         Check(this, broken, Table(), [](clsCryptoAPI& crypto) { crypto.DecryptString(u"text", u"p"); });
+}
+
+TEST_P(Crypto, WhatAskingForTheSaltsLengthReturnsDoesNotCount) {
+    CryptoOperations table = Table();
+    table.CryptGetKeyParam = [ask = table.CryptGetKeyParam](auto key, auto what, auto* to, auto& length,
+                                                            auto flags) {
+        ask(key, what, to, length, flags);
+        return false;
+    };
+    clsCryptoAPI crypto(std::move(table));
+    crypto.SessionStart();
+    const std::u16string coded = crypto.EncryptString(u"text", u"p");
+    EXPECT_EQ(crypto.ValueSALT().size(), 12u);
+    EXPECT_EQ(crypto.DecryptString(coded, u"p"), u"text");
 }
 
 TEST_P(Crypto, FailuresAfterWhichTheObjectGoesOn) {

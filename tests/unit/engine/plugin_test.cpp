@@ -1,12 +1,12 @@
 // The plug-in file, from bytes to a loaded table.
 
-#include "base/RuntimeFailure.h"
 #include "base/Text.h"
 #include "engine/CryptoContainer.h"
 #include "engine/PassPhrase.h"
 #include "engine/PluginFile.h"
 #include "engine/clsConvert.h"
 #include "engine/clsCryptoAPI.h"
+#include "support/Failure.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -16,16 +16,6 @@
 namespace {
 
 constexpr std::u16string_view kPayload = u"\uE001\r\n\uE002\r\nk\t\u0995\r\na\t\u09BE\r\nx\t";
-
-template <class Call>
-int FailureNumber(Call call) {
-    try {
-        call();
-    } catch (const RuntimeFailure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 // A plug-in with any payload bytes and any salt.
 std::string FileOf(std::string payload, std::string_view salt = "12345678901 ") {

@@ -2,22 +2,12 @@
 
 #include "textfiles/modFileFolder.h"
 
-#include "base/RuntimeFailure.h"
+#include "support/Failure.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
 
 namespace {
-
-template <class Work>
-int FailureOf(Work work) {
-    try {
-        work();
-    } catch (const RuntimeFailure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 // 32,768 files in one folder: Wine would take minutes.
 TEST(MakeOutputName, TheNumberIsSixteenBitsWide) {
@@ -27,8 +17,8 @@ TEST(MakeOutputName, TheNumberIsSixteenBitsWide) {
     EXPECT_EQ(folder / u"a- - 32767.txt", modFileFolder::MakeOutputName(folder / u"a.txt", u"-", u""));
     EXPECT_EQ(folder / u"a- - 32767.txt", modFileFolder::MakeUniqueName(u"a-.txt", folder.Name()));
     folder.Put(u"a- - 32767.txt", "");
-    EXPECT_EQ(6, FailureOf([&] { modFileFolder::MakeOutputName(folder / u"a.txt", u"-", u""); }));
-    EXPECT_EQ(6, FailureOf([&] { modFileFolder::MakeUniqueName(u"a-.txt", folder.Name()); }));
+    EXPECT_EQ(6, FailureNumber([&] { modFileFolder::MakeOutputName(folder / u"a.txt", u"-", u""); }));
+    EXPECT_EQ(6, FailureNumber([&] { modFileFolder::MakeUniqueName(u"a-.txt", folder.Name()); }));
 }
 
 TEST(MakeOutputName, ABackslashIsAnOrdinaryCharacterOfAName) {

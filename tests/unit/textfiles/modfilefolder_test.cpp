@@ -1,7 +1,7 @@
 #include "textfiles/modFileFolder.h"
 
 #include "base/Files.h"
-#include "base/RuntimeFailure.h"
+#include "support/Failure.h"
 #include "support/TempFolder.h"
 
 #include <gtest/gtest.h>
@@ -15,16 +15,6 @@ std::u16string Here(std::u16string path) {
     for (char16_t& unit : path)
         if (unit == u'/') unit = files::Separator();
     return path;
-}
-
-template <class Work>
-int FailureOf(Work work) {
-    try {
-        work();
-    } catch (const RuntimeFailure& failure) {
-        return failure.Number();
-    }
-    return 0;
 }
 
 TEST(MakeOutputName, StandsBesideTheSourceWithTheSuffixAppendedAsItIs) {
@@ -71,15 +61,15 @@ TEST(MakeOutputName, CountsUntilTheNameIsFree) {
 
 TEST(MakeOutputName, ANameWithoutADotIsFailure5) {
     TempFolder folder;
-    EXPECT_EQ(5, FailureOf([&] { MakeOutputName(folder / u"report", u"- Unicode", u""); }));
-    EXPECT_EQ(5, FailureOf([&] { MakeOutputName(folder / u"report", u"- Unicode", folder.Name()); }));
+    EXPECT_EQ(5, FailureNumber([&] { MakeOutputName(folder / u"report", u"- Unicode", u""); }));
+    EXPECT_EQ(5, FailureNumber([&] { MakeOutputName(folder / u"report", u"- Unicode", folder.Name()); }));
     // The dot of a folder gives an extension, but no base name.
-    EXPECT_EQ(5, FailureOf([&] { MakeOutputName(Here(u"/no.such/report"), u"", u""); }));
-    EXPECT_EQ(5, FailureOf([&] { MakeOutputName(u"", u"", folder.Name()); }));
+    EXPECT_EQ(5, FailureNumber([&] { MakeOutputName(Here(u"/no.such/report"), u"", u""); }));
+    EXPECT_EQ(5, FailureNumber([&] { MakeOutputName(u"", u"", folder.Name()); }));
 }
 
 TEST(MakeOutputName, ASourceWithoutAFolderIsFailure5WhereOneIsNeeded) {
-    EXPECT_EQ(5, FailureOf([] { MakeOutputName(u"report.txt", u"", u""); }));
+    EXPECT_EQ(5, FailureNumber([] { MakeOutputName(u"report.txt", u"", u""); }));
 }
 
 TEST(MakeUniqueName, GivesTheNameItselfOrTheFirstFreeNumber) {
@@ -93,8 +83,8 @@ TEST(MakeUniqueName, GivesTheNameItselfOrTheFirstFreeNumber) {
 
 TEST(MakeUniqueName, ANameWithoutADotIsFailure5) {
     TempFolder folder;
-    EXPECT_EQ(5, FailureOf([&] { MakeUniqueName(u"report", folder.Name()); }));
-    EXPECT_EQ(5, FailureOf([&] { MakeUniqueName(u"", folder.Name()); }));
+    EXPECT_EQ(5, FailureNumber([&] { MakeUniqueName(u"report", folder.Name()); }));
+    EXPECT_EQ(5, FailureNumber([&] { MakeUniqueName(u"", folder.Name()); }));
 }
 
 TEST(FileFolder, GetAppPathIsTheProgramsFolder) {
