@@ -15,7 +15,7 @@
 namespace modUnicodeRW {
 namespace {
 
-constexpr std::size_t kPart = 256 * 1024;
+constexpr std::size_t kPart = 1 << 18;
 constexpr char kMark[2] = {'\xFF', '\xFE'};
 constexpr char16_t kReplacement = 0xFFFD;
 constexpr int kPastEnd = 62; // reading past the end of a file
