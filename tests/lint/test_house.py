@@ -96,6 +96,14 @@ def test_files_are_short():
     assert not long, "\n".join(long)
 
 
+def test_documents_lead_somewhere():
+    pages = [ROOT / "README.md", ROOT / "CHANGELOG.md", *sorted((ROOT / "docs").rglob("*.md"))]
+    links = [(page, link) for page in pages for link in re.findall(r"\]\(([^)#\s]+)", page.read_text(encoding="utf-8"))]
+    assert len(links) > 10
+    dead = [f"{p}: {l}" for p, l in links if not l.startswith("https://") and not (p.parent / l).exists()]
+    assert not dead, "\n".join(dead)
+
+
 def test_format():
     files = [str(p) for p in OURS]
     made = subprocess.run(["clang-format", "--dry-run", "-Werror", *files], capture_output=True, text=True)
