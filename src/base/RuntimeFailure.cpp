@@ -20,6 +20,8 @@ std::u16string_view UsualText(int number) {
         return u"Path not found";
     case kObjectNotSet:
         return u"Object variable not set";
+    case kInvalidPropertyValue:
+        return u"Invalid property value";
     case kInvalidIndex:
         return u"Invalid index";
     case kNoCurrentRecord:

@@ -15,6 +15,7 @@ enum FailureNumber : int {
     kFileNotFound = 53,
     kPathNotFound = 76,
     kObjectNotSet = 91,
+    kInvalidPropertyValue = 380,
     kInvalidIndex = 381,
     kNoCurrentRecord = 3021,
 };

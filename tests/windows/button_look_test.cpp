@@ -1,0 +1,396 @@
+// The look of TavrelButton, pixel by pixel where it is fixed.
+#include "controls/Dpi.h"
+#include "controls/Painting.h"
+#include "controls/TavrelButton.h"
+#include "windows/Looks.h"
+
+namespace {
+
+using gui::BoxOf, gui::ExpectBox, gui::HardFont, gui::RedSquare;
+
+constexpr COLORREF kMagenta = RGB(255, 0, 255); // the ground of gui::Drawn
+constexpr COLORREF kRed = RGB(255, 0, 0);
+
+gui::Pixels Draw(int width, int height, const TavrelButtonState& state, COLORREF ground = kMagenta) {
+    return gui::Drawn(
+        width, height,
+        [&](HDC dc) {
+            DrawTavrelButton(dc, {0, 0, width, height}, state);
+        },
+        ground);
+}
+
+// The design's neutral button, without a caption.
+TavrelButtonState Neutral() {
+    TavrelButtonState state;
+    state.BackColor = palette::NeutralBack;
+    state.ForeColor = palette::Ink;
+    state.XPDefaultColors = false;
+    state.XPColor_Hover = palette::HoverNeutral;
+    state.XPColor_Pressed = palette::FocusNeutral;
+    return state;
+}
+
+TavrelButtonState FlatOn(OleColour back) {
+    TavrelButtonState state;
+    state.ButtonStyle = kStyleFlat;
+    state.BackColor = back;
+    return state;
+}
+
+class ButtonLook : public testing::Test {
+protected:
+    void TearDown() override { Theme::ReplaceHighContrast(nullptr); }
+};
+
+TEST_F(ButtonLook, TheOffsetIsAsymmetric) {
+    // The shades of the palette, worked out by hand from the rule.
+    EXPECT_EQ(OffsetColour(RGB(0x00, 0x4E, 0x64), 48), RGB(0x30, 0x7E, 0x7D));
+    EXPECT_EQ(OffsetColour(RGB(0x30, 0x7E, 0x7D), -25), RGB(0x17, 0x65, 0x6D));
+    EXPECT_EQ(OffsetColour(RGB(0xC2, 0xC9, 0xC9), 48), RGB(0xF2, 0xF9, 0xFB));
+    EXPECT_EQ(OffsetColour(RGB(0xF2, 0xF9, 0xFB), -25), RGB(0xD9, 0xE0, 0xDB));
+    EXPECT_EQ(OffsetColour(RGB(0xF2, 0xF9, 0xFB), -84), RGB(0x9E, 0xA5, 0x8E));
+    EXPECT_EQ(OffsetColour(RGB(10, 20, 0), 30), RGB(40, 50, 0)); // no blue, no gain
+    EXPECT_EQ(OffsetColour(RGB(10, 250, 200), -48), RGB(0, 202, 150));
+    EXPECT_EQ(OffsetColour(RGB(250, 255, 192), 100), RGB(255, 255, 255));
+    EXPECT_EQ(OffsetColour(RGB(1, 2, 192), 1), RGB(2, 3, 193));
+    EXPECT_EQ(OffsetColour(RGB(1, 2, 191), 1), RGB(2, 3, 191)); // 191 / 192 is cut
+    EXPECT_EQ(OffsetColour(RGB(1, 2, 3), 0), RGB(1, 2, 3));
+}
+
+TEST_F(ButtonLook, IdleStyle3IsAGradientInADarkFrame) {
+    constexpr int kWidth = 60, kHeight = 50; // 25 / h is a half: each second line is a step
+    const gui::Pixels idle = Draw(kWidth, kHeight, Neutral());
+    const COLORREF dark = GetSysColor(0x15);
+    for (int y = 1; y < kHeight - 1; ++y) {
+        const int steps = (y + 1) / 2; // halves go away from the base
+        const int blue = 0xFB - 0xFB * steps / 192;
+        EXPECT_EQ(idle.At(30, y), RGB(0xF2 - steps, 0xF9 - steps, blue)) << y;
+        if (y > 1 && y < kHeight - 2) {
+            EXPECT_EQ(idle.At(0, y), dark) << y;
+            EXPECT_EQ(idle.At(kWidth - 1, y), dark) << y;
+            EXPECT_EQ(idle.At(1, y), idle.At(30, y)) << y;
+        }
+    }
+    for (int x = 2; x < kWidth - 2; ++x) {
+        EXPECT_EQ(idle.At(x, 0), dark) << x;
+        EXPECT_EQ(idle.At(x, kHeight - 1), dark) << x;
+    }
+    for (const int x : {1, kWidth - 2}) {
+        for (const int y : {1, kHeight - 2}) EXPECT_EQ(idle.At(x, y), dark);
+    }
+}
+
+TEST_F(ButtonLook, Style3LeavesThreePixelsOfEachCornerAlone) {
+    const gui::Pixels idle = Draw(60, 30, Neutral());
+    EXPECT_EQ(idle.Count(kMagenta), 12);
+    for (const auto& [x, y] : {std::pair{0, 0}, {1, 0}, {0, 1}}) {
+        EXPECT_EQ(idle.At(x, y), kMagenta);
+        EXPECT_EQ(idle.At(59 - x, y), kMagenta);
+        EXPECT_EQ(idle.At(x, 29 - y), kMagenta);
+        EXPECT_EQ(idle.At(59 - x, 29 - y), kMagenta);
+    }
+}
+
+TEST_F(ButtonLook, PressedStyle3RunsFromTheBottomUp) {
+    constexpr int kHeight = 30; // 15 / h is a half
+    TavrelButtonState state = Neutral();
+    state.Pressed = state.Focused = state.Hovering = true;
+    const gui::Pixels pressed = Draw(60, kHeight, state);
+    for (int y = 1; y < kHeight - 1; ++y) {
+        const int steps = (kHeight - 1 - y + 1) / 2;
+        const int blue = 0xD2 - 0xD2 * steps / 192;
+        EXPECT_EQ(pressed.At(30, y), RGB(0xD2 - steps, 0xD9 - steps, blue)) << y;
+    }
+    EXPECT_EQ(pressed.At(0, 10), GetSysColor(0x15));
+}
+
+TEST_F(ButtonLook, DisabledStyle3HasFourShades) {
+    TavrelButtonState state = Neutral();
+    state.Enabled = false;
+    state.Hovering = state.Pressed = true; // neither shows
+    const gui::Pixels disabled = Draw(60, 30, state);
+    const COLORREF fill = RGB(0xF2, 0xF9, 0xFB), inner = RGB(0xDA, 0xE1, 0xDC), outer = RGB(0x9E, 0xA5, 0x8E),
+                   corner = RGB(0xAA, 0xB1, 0x9D);
+    EXPECT_EQ(disabled.Count(fill), 56 * 26);
+    EXPECT_EQ(disabled.Count(outer), 2 * 56 + 2 * 26);
+    EXPECT_EQ(disabled.Count(corner), 4);
+    EXPECT_EQ(disabled.Count(inner), 2 * 56 + 2 * 26);
+    for (const auto& [x, y] : {std::pair{1, 1}, {1, 28}, {58, 1}, {58, 28}})
+        EXPECT_EQ(disabled.At(x, y), corner);
+    EXPECT_EQ(disabled.At(2, 0), outer);
+    EXPECT_EQ(disabled.At(2, 1), inner);
+    EXPECT_EQ(disabled.At(2, 2), fill);
+}
+
+TEST_F(ButtonLook, HoverAndFocusFramesAreTwoPixelsInside) {
+    struct Case {
+        bool BuiltIn, Hovering, Focused;
+        COLORREF Frame;
+    };
+    for (const Case& tried : {Case{true, true, false, RGB(225, 153, 71)},
+                              {true, false, true, RGB(140, 170, 230)},
+                              {true, true, true, RGB(140, 170, 230)},
+                              {false, true, false, palette::HoverNeutral},
+                              {false, false, true, palette::FocusNeutral},
+                              {false, true, true, palette::FocusNeutral}}) {
+        TavrelButtonState state = Neutral();
+        state.XPDefaultColors = tried.BuiltIn;
+        state.Hovering = tried.Hovering;
+        state.Focused = tried.Focused;
+        const gui::Pixels drawn = Draw(60, 30, state);
+        // A ring two wide inside the outer frame, less the four corner pixels.
+        EXPECT_EQ(drawn.Count(tried.Frame), 58 * 28 - 54 * 24 - 4);
+        EXPECT_EQ(drawn.At(30, 1), tried.Frame);
+        EXPECT_EQ(drawn.At(30, 2), tried.Frame);
+        EXPECT_NE(drawn.At(30, 3), tried.Frame);
+        EXPECT_EQ(drawn.At(30, 0), GetSysColor(0x15));
+    }
+}
+
+TEST_F(ButtonLook, Style1IsRaisedUnderTheMouseAndSunkenWhenPressed) {
+    TavrelButtonState state = FlatOn(RGB(200, 210, 220));
+    const COLORREF shade = RGB(0x8F, 0xA5, 0xA9), light = RGB(255, 255, 255);
+    EXPECT_EQ(Draw(40, 20, state).Count(RGB(200, 210, 220)), 800); // no frame
+    state.Hovering = true;
+    const gui::Pixels raised = Draw(40, 20, state);
+    EXPECT_EQ(raised.At(0, 0), light);
+    EXPECT_EQ(raised.At(20, 0), light);
+    EXPECT_EQ(raised.At(0, 10), light);
+    EXPECT_EQ(raised.At(20, 19), shade);
+    EXPECT_EQ(raised.At(39, 10), shade);
+    EXPECT_EQ(raised.Count(RGB(200, 210, 220)), 38 * 18);
+    state.Pressed = true;
+    const gui::Pixels sunken = Draw(40, 20, state);
+    EXPECT_EQ(sunken.At(20, 0), shade);
+    EXPECT_EQ(sunken.At(0, 10), shade);
+    EXPECT_EQ(sunken.At(20, 19), light);
+    EXPECT_EQ(sunken.At(39, 10), light);
+    state.Enabled = false;
+    EXPECT_EQ(Draw(40, 20, state).Count(RGB(200, 210, 220)), 800);
+}
+
+TEST_F(ButtonLook, Style4HasNoFrameInAnyState) {
+    TavrelButtonState state = FlatOn(RGB(200, 210, 220));
+    state.ButtonStyle = kStyleNone;
+    for (const bool pressed : {false, true}) {
+        state.Hovering = true;
+        state.Pressed = pressed;
+        EXPECT_EQ(Draw(40, 20, state).Count(RGB(200, 210, 220)), 800);
+    }
+}
+
+TEST_F(ButtonLook, TransparentOnesDrawOnWhatIsThere) {
+    TavrelButtonState state = FlatOn(RGB(200, 210, 220));
+    state.TransparentBG = true;
+    EXPECT_EQ(Draw(40, 20, state).Count(kMagenta), 800);
+}
+
+TEST_F(ButtonLook, TheFocusRectangleIsInsetByFourButNotInStyle3) {
+    TavrelButtonState state = FlatOn(RGB(255, 255, 255));
+    state.Focused = true;
+    for (const int style : {kStyleFlat, kStyleNone}) {
+        state.ButtonStyle = style;
+        const gui::Pixels dotted = Draw(41, 31, state);
+        ExpectBox(BoxOf(dotted, palette::Ink), 4, 4, 37, 27);
+        EXPECT_EQ(dotted.At(4, 4), palette::Ink);
+        EXPECT_EQ(dotted.At(5, 4), RGB(255, 255, 255)); // every second pixel
+        EXPECT_EQ(dotted.At(6, 4), palette::Ink);
+        EXPECT_EQ(dotted.At(20, 15), RGB(255, 255, 255));
+    }
+    state.ShowFocusRect = false;
+    EXPECT_EQ(Draw(41, 31, state).Count(palette::Ink), 0);
+    state.ShowFocusRect = true;
+    state.ButtonStyle = kStyleXP;
+    EXPECT_EQ(Draw(41, 31, state).Count(palette::Ink), 0);
+}
+
+TEST_F(ButtonLook, ADisabledCaptionIsEmbossed) {
+    const HardFont font;
+    TavrelButtonState state = FlatOn(RGB(1, 2, 3));
+    state.Caption = u"Go Back";
+    state.Font = font.Get();
+    state.ForeColor = kRed;
+    const gui::Pixels plain = Draw(80, 24, state);
+    state.Enabled = false;
+    const gui::Pixels embossed = Draw(80, 24, state);
+    const COLORREF light = GetSysColor(0x14), shadow = GetSysColor(0x10);
+    ASSERT_GT(plain.Count(kRed), 20);
+    for (int y = 0; y < 24; ++y) {
+        for (int x = 0; x < 80; ++x) {
+            COLORREF expected = RGB(1, 2, 3);
+            if (x > 0 && y > 0 && plain.At(x - 1, y - 1) == kRed) expected = light;
+            if (plain.At(x, y) == kRed) expected = shadow;
+            ASSERT_EQ(embossed.At(x, y), expected) << x << "," << y;
+        }
+    }
+}
+
+TEST_F(ButtonLook, PressingMovesCaptionAndPictureByOnePixel) {
+    const HardFont font;
+    const Picture square = RedSquare(8);
+    for (const int style : {kStyleFlat, kStyleXP, kStyleNone}) {
+        TavrelButtonState state = FlatOn(RGB(255, 255, 255));
+        state.ButtonStyle = style;
+        state.Caption = u"Go";
+        state.Font = font.Get();
+        state.ForeColor = RGB(0, 0, 255);
+        state.Image = &square;
+        state.ImageSize = {8, 8};
+        const gui::Pixels idle = Draw(80, 24, state);
+        state.Pressed = true;
+        const gui::Pixels pressed = Draw(80, 24, state);
+        for (const COLORREF colour : {kRed, RGB(0, 0, 255)}) {
+            const RECT box = BoxOf(idle, colour);
+            ExpectBox(BoxOf(pressed, colour), box.left + 1, box.top + 1, box.right + 1, box.bottom + 1);
+        }
+    }
+}
+
+TEST_F(ButtonLook, PictureAndCaptionStandAsAPairWithAGapOfFour) {
+    const HardFont font;
+    const Picture square = RedSquare(10);
+    TavrelButtonState state = FlatOn(RGB(255, 255, 255));
+    state.Image = &square;
+    state.ImageSize = {10, 10};
+    ExpectBox(BoxOf(Draw(51, 31, state), kRed), 20, 10, 30, 20); // alone: the middle, cut to integers
+    state.Caption = u"HHH";
+    state.Font = font.Get();
+    const SIZE text = TextSize(font.Get(), u"HHH");
+    const int width = 100, height = 60;
+    const int across = 10 + 4 + text.cx, down = 10 + 4 + text.cy;
+    const auto imageBox = [&](int side) {
+        state.PicturePosition = side;
+        return BoxOf(Draw(width, height, state), kRed);
+    };
+    const LONG left = (width - across) / 2, top = (height - down) / 2;
+    ExpectBox(imageBox(kPictureLeft), left, 25, left + 10, 35);
+    ExpectBox(imageBox(kPictureRight), left + text.cx + 4, 25, left + text.cx + 14, 35);
+    ExpectBox(imageBox(kPictureAbove), 45, top, 55, top + 10);
+    ExpectBox(imageBox(kPictureBelow), 45, top + text.cy + 4, 55, top + text.cy + 14);
+}
+
+TEST_F(ButtonLook, PicturesOfZeroSizeAreNotDrawn) {
+    const HardFont font;
+    const Picture square = RedSquare(10), none;
+    TavrelButtonState state = FlatOn(RGB(255, 255, 255));
+    state.Caption = u"HHH";
+    state.Font = font.Get();
+    const gui::Pixels without = Draw(100, 40, state);
+    for (const SIZE size : {SIZE{0, 0}, SIZE{0, 10}, SIZE{10, 0}, SIZE{-5, 10}}) {
+        state.Image = &square;
+        state.ImageSize = size;
+        EXPECT_EQ(Draw(100, 40, state), without);
+    }
+    state.Image = &none;
+    state.ImageSize = {32, 32};
+    EXPECT_EQ(Draw(100, 40, state), without);
+}
+
+TEST_F(ButtonLook, CaptionsBreakAtWords) {
+    const HardFont font;
+    TavrelButtonState state = FlatOn(RGB(255, 255, 255));
+    state.Font = font.Get();
+    state.ForeColor = kRed;
+    state.Caption = u"HH";
+    const RECT one = BoxOf(Draw(40, 60, state), kRed);
+    state.Caption = u"HH HH";
+    const SIZE line = TextSize(font.Get(), u"HH HH");
+    const gui::Pixels wide = Draw(line.cx + 20, 60, state), narrow = Draw(line.cx, 60, state);
+    EXPECT_EQ(HeightOf(BoxOf(wide, kRed)), HeightOf(one));
+    EXPECT_EQ(HeightOf(BoxOf(narrow, kRed)), HeightOf(one) + line.cy);
+}
+
+TEST_F(ButtonLook, NothingIsDrawnOutsideItsPlace) {
+    const HardFont font;
+    TavrelButtonState state = FlatOn(RGB(255, 255, 255));
+    state.Font = font.Get();
+    const std::u16string words = u"a long caption of many words that never fits so small a place";
+    state.Caption = words;
+    const gui::Pixels drawn = gui::Drawn(60, 60, [&](HDC dc) {
+        DrawTavrelButton(dc, {10, 10, 40, 30}, state);
+    });
+    EXPECT_EQ(drawn.Count(kMagenta), 60 * 60 - 30 * 20);
+}
+
+TEST_F(ButtonLook, MeasuresFollowTheDpi) {
+    const Picture square = RedSquare(10);
+    for (const int dpi : {96, 120, 144, 192}) {
+        const int width = Scaled(100, dpi), height = Scaled(30, dpi);
+        TavrelButtonState state = Neutral();
+        state.Dpi = dpi;
+        state.Focused = true;
+        const gui::Pixels framed = Draw(width, height, state);
+        const int line = dpi == 192 ? 2 : 1, two = dpi == 96 ? 2 : dpi == 192 ? 4 : 3;
+        EXPECT_EQ(framed.At(width / 2, line - 1), GetSysColor(0x15)) << dpi;
+        for (int y = line; y < line + two; ++y)
+            EXPECT_EQ(framed.At(width / 2, y), palette::FocusNeutral) << dpi;
+        EXPECT_NE(framed.At(width / 2, line + two), palette::FocusNeutral) << dpi;
+        // The cut: 2 by 1 and 1 by 1 pixels of 96 DPI.
+        const int one = dpi < 144 ? 1 : 2;
+        EXPECT_EQ(framed.Count(kMagenta, {0, 0, width / 2, height / 2}), two * one + one * (two - one))
+            << dpi;
+
+        TavrelButtonState flat = FlatOn(RGB(255, 255, 255));
+        flat.Dpi = dpi;
+        flat.Image = &square;
+        flat.ImageSize = {10, 10};
+        const RECT idle = BoxOf(Draw(width, height, flat), kRed);
+        EXPECT_EQ(WidthOf(idle), Scaled(10, dpi));
+        flat.Pressed = true;
+        EXPECT_EQ(BoxOf(Draw(width, height, flat), kRed).left, idle.left + one);
+        flat.Focused = true;
+        flat.Pressed = false;
+        EXPECT_EQ(BoxOf(Draw(width, height, flat), palette::Ink).top, Scaled(4, dpi));
+    }
+}
+
+TEST_F(ButtonLook, HighContrastUsesTheSystemsColoursOnly) {
+    const HardFont font;
+    Theme::ReplaceHighContrast([] { return true; });
+    TavrelButtonState state = Neutral();
+    state.Caption = u"Go";
+    state.Font = font.Get();
+    const auto only = [&](std::initializer_list<int> colours) {
+        const gui::Pixels drawn = Draw(60, 30, state);
+        int known = drawn.Count(kMagenta);
+        std::vector<COLORREF> counted;
+        for (const int index : colours) {
+            const COLORREF colour = GetSysColor(index);
+            if (std::find(counted.begin(), counted.end(), colour) != counted.end()) continue;
+            counted.push_back(colour);
+            EXPECT_GT(drawn.Count(colour), 0) << index;
+            known += drawn.Count(colour);
+        }
+        EXPECT_EQ(known, 60 * 30);
+    };
+    only({COLOR_BTNFACE, COLOR_BTNTEXT});
+    state.Hovering = true;
+    only({COLOR_BTNFACE, COLOR_BTNTEXT, COLOR_HIGHLIGHT});
+    EXPECT_EQ(Draw(60, 30, state).At(30, 2), GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(Draw(60, 30, state).At(30, 3), GetSysColor(COLOR_BTNFACE));
+    state.Pressed = true;
+    only({COLOR_HIGHLIGHT, COLOR_HIGHLIGHTTEXT, COLOR_BTNTEXT});
+    state.Enabled = false;
+    only({COLOR_BTNFACE, COLOR_GRAYTEXT});
+    state = FlatOn(RGB(255, 255, 254));
+    state.Caption = u"X";
+    state.Font = font.Get();
+    only({COLOR_BTNFACE, COLOR_BTNTEXT});
+    state.Hovering = true;
+    EXPECT_EQ(Draw(60, 30, state).At(0, 0), GetSysColor(COLOR_BTNTEXT));
+    state.Focused = true;
+    EXPECT_EQ(Draw(60, 30, state).At(4, 4), GetSysColor(COLOR_WINDOWTEXT));
+    state.ButtonStyle = kStyleNone;
+    state.Focused = false;
+    state.TransparentBG = true;
+    only({COLOR_HOTLIGHT});
+    // A picture stands on a white plate two pixels larger.
+    const Picture square = RedSquare(10);
+    state.Caption = {};
+    state.Image = &square;
+    state.ImageSize = {10, 10};
+    EXPECT_EQ(Draw(60, 30, state).Count(RGB(255, 255, 255)), 14 * 14 - 100);
+}
+
+} // namespace

@@ -1,0 +1,479 @@
+// TavrelButton: mouse, keys and the order of its events; properties; screen readers.
+#include "windows/ButtonForm.h"
+
+namespace {
+
+using gui::Events;
+
+class Button : public gui::ButtonTest {};
+
+TEST_F(Button, ComingAndGoingOfTheMouse) {
+    m_Ui.Run([&] { m_Shown->Record(*m_Shown->Back); });
+    Enter(*m_Shown->Back);
+    EXPECT_EQ(LogOf(2), (Events{"MouseIn", "MouseMove"}));
+    gui::MoveTo(gui::ToScreen(m_Shown->Back->Base.hWnd(), 5, 5));
+    m_Ui.Settle();
+    EXPECT_EQ(Log(), (Events{"MouseIn", "MouseMove"})); // it comes in once
+    Leave(*m_Shown->Back);
+    EXPECT_EQ(LogOf(3), (Events{"MouseIn", "MouseMove", "MouseOut"}));
+}
+
+TEST_F(Button, PressAndRelease) {
+    m_Ui.Run([&] { m_Shown->Record(*m_Shown->Back); });
+    Enter(*m_Shown->Back);
+    ClearLog();
+    gui::Press(MOUSEEVENTF_LEFTDOWN);
+    EXPECT_EQ(LogOf(1), Events{"MouseDown 1"});
+    EXPECT_TRUE(On([&] { return m_Shown->Back->State().Pressed; }));
+    EXPECT_TRUE(FocusComesTo(m_Shown->Back->Base));
+    gui::Press(MOUSEEVENTF_LEFTUP);
+    EXPECT_EQ(LogOf(3), (Events{"MouseDown 1", "Click", "MouseUp 1"}));
+    EXPECT_FALSE(On([&] { return m_Shown->Back->State().Pressed; }));
+    EXPECT_EQ(On([] { return GetCapture(); }), nullptr);
+}
+
+TEST_F(Button, LeavingWhilePressedDoesNotClick) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] { m_Shown->Record(back); });
+    Enter(back);
+    gui::Press(MOUSEEVENTF_LEFTDOWN);
+    ASSERT_TRUE(Logged("MouseDown 1"));
+    ClearLog();
+    Leave(back);
+    ASSERT_TRUE(Logged("MouseOut"));
+    EXPECT_FALSE(On([&] { return back.State().Pressed; })); // looks released
+    ClearLog();
+    gui::Press(MOUSEEVENTF_LEFTUP);
+    EXPECT_EQ(LogOf(1), Events{"MouseUp 1"});
+}
+
+TEST_F(Button, ComingBackWhilePressedClicksAfterAll) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] { m_Shown->Record(back); });
+    Enter(back);
+    gui::Press(MOUSEEVENTF_LEFTDOWN);
+    ASSERT_TRUE(Logged("MouseDown 1"));
+    Leave(back);
+    Enter(back);
+    EXPECT_TRUE(On([&] { return back.State().Pressed; }));
+    ClearLog();
+    gui::Press(MOUSEEVENTF_LEFTUP);
+    EXPECT_EQ(LogOf(2), (Events{"Click", "MouseUp 1"}));
+}
+
+TEST_F(Button, TheRightButtonNeitherPressesNorClicks) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] { m_Shown->Record(back); });
+    Enter(back);
+    ClearLog();
+    gui::Press(MOUSEEVENTF_RIGHTDOWN);
+    EXPECT_EQ(LogOf(1), Events{"MouseDown 2"});
+    EXPECT_FALSE(On([&] { return back.State().Pressed; }));
+    gui::Press(MOUSEEVENTF_RIGHTUP);
+    EXPECT_EQ(LogOf(2), (Events{"MouseDown 2", "MouseUp 2"}));
+}
+
+TEST_F(Button, ADoubleClickIsTwoPresses) {
+    TavrelButton& back = *m_Shown->Back;
+    std::vector<std::pair<int, int>> places;
+    Enter(back);
+    m_Ui.Run([&] {
+        m_Shown->Record(back);
+        back.MouseDown = [&](int, int, int x, int y) {
+            m_Shown->Note("MouseDown");
+            places.emplace_back(x, y);
+        };
+    });
+    for (int i = 0; i < 2; ++i) {
+        gui::Press(MOUSEEVENTF_LEFTDOWN);
+        gui::Press(MOUSEEVENTF_LEFTUP);
+    }
+    EXPECT_EQ(LogOf(6), (Events{"MouseDown", "Click", "MouseUp 1", "MouseDown", "Click", "MouseUp 1"}));
+    ASSERT_EQ(places.size(), 2u);
+    EXPECT_EQ(places[0], places[1]);
+    EXPECT_EQ(places[0], (std::pair{50 * 15, 15 * 15})); // twips
+}
+
+TEST_F(Button, ASpaceHeldPressesOnceAndItsReleaseClicks) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] {
+        m_Shown->Record(back);
+        back.Base.SetFocus();
+    });
+    gui::Key(VK_SPACE, false);
+    ASSERT_EQ(LogOf(2), (Events{"KeyDown 32", "KeyPress 32"}));
+    EXPECT_TRUE(On([&] { return back.State().Pressed && back.State().Hovering; }));
+    const PaintTally before = On([] { return PaintsSoFar(); });
+    gui::Key(VK_SPACE, false);
+    ASSERT_EQ(LogOf(4).size(), 4u);
+    EXPECT_EQ(On([] { return PaintsSoFar(); }).Paints, before.Paints); // the repeat does nothing
+    ClearLog();
+    gui::Key(VK_SPACE, true);
+    EXPECT_EQ(LogOf(3), (Events{"Click", "MouseUp 1", "KeyUp 32"}));
+    EXPECT_FALSE(On([&] { return back.State().Pressed || back.State().Hovering; }));
+}
+
+TEST_F(Button, OtherKeysAreOnlyTold) {
+    m_Ui.Run([&] {
+        m_Shown->Record(*m_Shown->Back);
+        m_Shown->Back->Base.SetFocus();
+    });
+    gui::Type('A');
+    EXPECT_EQ(LogOf(3), (Events{"KeyDown 65", "KeyPress 97", "KeyUp 65"}));
+}
+
+TEST_F(Button, ASpaceThatWentDownElsewhereDoesNotClick) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] {
+        m_Shown->Record(back);
+        m_Shown->Text.Base.SetFocus();
+    });
+    gui::Key(VK_SPACE, false);
+    ASSERT_TRUE(Becomes([&] { return m_Shown->Text.Text() == u" "; }));
+    m_Ui.Run([&] { back.Base.SetFocus(); });
+    gui::Key(VK_SPACE, true);
+    EXPECT_EQ(LogOf(1), Events{"KeyUp 32"});
+}
+
+TEST_F(Button, LosingTheFocusEndsThePress) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] {
+        m_Shown->Record(back);
+        back.Base.SetFocus();
+    });
+    gui::Key(VK_SPACE, false);
+    ASSERT_EQ(LogOf(2).size(), 2u);
+    m_Ui.Run([&] { m_Shown->Text.Base.SetFocus(); });
+    EXPECT_FALSE(On([&] { return back.State().Pressed || back.State().Hovering; }));
+    gui::Key(VK_SPACE, true);
+    m_Ui.Settle();
+    EXPECT_EQ(Log().size(), 2u);
+    // The next space is not taken for a repeat.
+    m_Ui.Run([&] { back.Base.SetFocus(); });
+    ClearLog();
+    gui::Type(VK_SPACE);
+    EXPECT_EQ(LogOf(5), (Events{"KeyDown 32", "KeyPress 32", "Click", "MouseUp 1", "KeyUp 32"}));
+}
+
+TEST_F(Button, TheAccessKeyClicksAndNothingElse) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] { m_Shown->Record(back); });
+    const auto altB = [] {
+        gui::Key(VK_MENU, false);
+        gui::Type('B');
+        gui::Key(VK_MENU, true);
+    };
+    altB();
+    ASSERT_TRUE(Logged("Click"));
+    EXPECT_EQ(std::count(m_Shown->Log.begin(), m_Shown->Log.end(), "Click"), 1);
+    EXPECT_EQ(Log().front(), "Click");
+    m_Ui.Run([&] { back.Base.Enabled(false); });
+    ClearLog();
+    altB();
+    gui::Type('X'); // comes to the text box or the next button: the keys before are done
+    m_Ui.Settle();
+    EXPECT_EQ(Log(), Events{});
+}
+
+TEST_F(Button, EnterClicksTheFocusedButton) {
+    m_Ui.Run([&] {
+        m_Shown->Record(m_Shown->Plain);
+        m_Shown->Plain.Base.SetFocus();
+    });
+    gui::Type(VK_RETURN);
+    ASSERT_TRUE(Logged("Click"));
+    EXPECT_EQ(Log().front(), "Click");
+}
+
+TEST_F(Button, ADisabledButtonTakesNoPartInAnything) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] {
+        m_Shown->Record(back);
+        back.Base.Enabled(false);
+    });
+    gui::Click(gui::CentreOf(back.Base.hWnd()));
+    Enter(m_Shown->Main); // what came before has been dealt with
+    EXPECT_EQ(Log(), Events{});
+    EXPECT_FALSE(On([&] { return back.State().Hovering; }));
+    // From code it works nevertheless.
+    m_Ui.Run([&] { back.Caption(u"Still"); });
+    EXPECT_EQ(On([&] { return WindowText(back.Base.hWnd()); }), u"Still");
+}
+
+TEST_F(Button, DisablingItUnderThePressEndsPressAndHover) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] { m_Shown->Record(back); });
+    Enter(back);
+    gui::Press(MOUSEEVENTF_LEFTDOWN);
+    ASSERT_TRUE(Logged("MouseDown 1"));
+    m_Ui.Run([&] { back.Base.Enabled(false); });
+    EXPECT_TRUE(Logged("MouseOut"));
+    gui::Press(MOUSEEVENTF_LEFTUP);
+    gui::MoveTo({1, 1});
+    m_Ui.Settle();
+    EXPECT_EQ(On([] { return GetCapture(); }), nullptr);
+    EXPECT_EQ(Log(), (Events{"MouseIn", "MouseMove", "MouseDown 1", "MouseOut"}));
+}
+
+TEST_F(Button, APressElsewhereDoesNotClickHere) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] { m_Shown->Record(back); });
+    gui::MoveTo(gui::ToScreen(m_Shown->Window.Base.hWnd(), 390, 290));
+    gui::Press(MOUSEEVENTF_LEFTDOWN);
+    Enter(back);
+    gui::Press(MOUSEEVENTF_LEFTUP);
+    ASSERT_TRUE(Logged("MouseUp 1"));
+    EXPECT_EQ(Log(), (Events{"MouseIn", "MouseMove", "MouseUp 1"}));
+}
+
+TEST_F(Button, LosingTheMouseToAnotherEndsThePress) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] { back.MouseDown = [](int, int, int, int) { ReleaseCapture(); }; });
+    Enter(back);
+    gui::Press(MOUSEEVENTF_LEFTDOWN);
+    ASSERT_TRUE(FocusComesTo(back.Base));
+    EXPECT_FALSE(On([&] { return back.State().Pressed; }));
+    m_Ui.Run([&] { m_Shown->Record(back); });
+    gui::Press(MOUSEEVENTF_LEFTUP);
+    ASSERT_TRUE(Logged("MouseUp 1"));
+    EXPECT_EQ(std::count(m_Shown->Log.begin(), m_Shown->Log.end(), "Click"), 0);
+}
+
+TEST_F(Button, PendingEventsRunBetweenMouseInAndMouseMove) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] {
+        m_Shown->Record(back);
+        back.MouseIn = [&](int) {
+            m_Shown->Note("MouseIn");
+            m_Ui.Post([&] { m_Shown->Note("pending"); });
+        };
+    });
+    Enter(back);
+    EXPECT_EQ(LogOf(3), (Events{"MouseIn", "pending", "MouseMove"}));
+}
+
+// Each event destroys its own button.
+TEST_F(Button, MayBeDestroyedByAnyOfItsEvents) {
+    const auto destroy = [this](auto&&...) { m_Shown->Back.reset(); };
+    struct Case {
+        const char* Name;
+        std::function<void(TavrelButton&)> Wire;
+    };
+    const Case cases[] = {
+        {"MouseIn", [&](TavrelButton& b) { b.MouseIn = destroy; }},
+        {"MouseMove", [&](TavrelButton& b) { b.MouseMove = destroy; }},
+        {"MouseOut", [&](TavrelButton& b) { b.MouseOut = destroy; }},
+        {"MouseDown", [&](TavrelButton& b) { b.MouseDown = destroy; }},
+        {"Click", [&](TavrelButton& b) { b.Click = destroy; }},
+        {"MouseUp", [&](TavrelButton& b) { b.MouseUp = destroy; }},
+        {"KeyDown", [&](TavrelButton& b) { b.KeyDown = destroy; }},
+        {"KeyPress", [&](TavrelButton& b) { b.KeyPress = destroy; }},
+        {"KeyUp", [&](TavrelButton& b) { b.KeyUp = destroy; }},
+    };
+    for (const Case& tried : cases) {
+        gui::MoveTo({1, 1});
+        m_Ui.Run([&] {
+            m_Shown.reset();
+            m_Shown = std::make_unique<gui::ButtonForm>();
+            tried.Wire(*m_Shown->Back);
+        });
+        ASSERT_TRUE(gui::Activate(m_Shown->Window.Base.hWnd()));
+        m_Ui.Run([&] { m_Shown->Back->Base.SetFocus(); });
+        const HWND window = m_Shown->Back->Base.hWnd();
+        if (std::string(tried.Name).starts_with("Key")) {
+            gui::Type(VK_SPACE);
+        } else {
+            gui::Click(gui::CentreOf(window));
+            m_Ui.Settle();
+            gui::MoveTo({1, 1});
+        }
+        EXPECT_TRUE(Becomes([&] { return m_Shown->Back == nullptr; })) << tried.Name;
+        EXPECT_FALSE(On([] { return EventFrame::Ending(); })) << tried.Name;
+    }
+}
+
+TEST_F(Button, AFailureInAnyEventIsKept) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] {
+        back.MouseIn = [](int) { throw RuntimeFailure(kOverflow, u"MouseIn"); };
+        SendMessageW(back.Base.hWnd(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
+        EXPECT_TRUE(EventFrame::Ending());
+        EventFrame::Forget();
+        back.Click = [] { throw RuntimeFailure(kOverflow, u"Click"); };
+        SendMessageW(back.Base.hWnd(), WM_LBUTTONDOWN, MK_LBUTTON, MAKELPARAM(5, 5));
+        SendMessageW(back.Base.hWnd(), WM_LBUTTONUP, 0, MAKELPARAM(5, 5));
+        EXPECT_TRUE(EventFrame::Ending());
+        EventFrame::Forget();
+        back.MouseOut = [](int) { throw RuntimeFailure(kOverflow, u"MouseOut"); };
+        SendMessageW(back.Base.hWnd(), WM_TIMER, 1, 0);
+        EXPECT_TRUE(EventFrame::Ending());
+        EventFrame::Forget();
+        MSG message;
+        while (PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE)) {
+        }
+    });
+}
+
+TEST_F(Button, AmpersandsAtEveryPlace) {
+    struct Case {
+        std::u16string_view Caption;
+        std::u16string_view Name;
+        char16_t Key;
+    };
+    const Case cases[] = {
+        {u"", u"", 0},           {u"&", u"", 0},         {u"a", u"a", 0},
+        {u"&&", u"&", 0},        {u"a&", u"a", 0},       {u"&a", u"a", u'a'},
+        {u"&&a", u"&a", 0},      {u"&&&a", u"&a", u'a'}, {u"a&&b&C", u"a&bC", u'c'},
+        {u"a& b", u"a b", u' '}, {u"&A&B", u"AB", u'a'},
+    };
+    TavrelButton& back = *m_Shown->Back;
+    for (const Case& tried : cases) {
+        int clicks = 0;
+        m_Ui.Run([&] {
+            back.Caption(tried.Caption);
+            back.Click = [&] { ++clicks; };
+            gui::ClientOf(back.Base.hWnd());
+            MSG key{};
+            key.hwnd = back.Base.hWnd();
+            key.message = WM_SYSCHAR;
+            for (const char16_t letter : u"abcAB &") {
+                if (!letter) break;
+                const int before = clicks;
+                key.wParam = letter;
+                if (letter != u'B') Forms::Filter(key);
+                const bool mine = letter == tried.Key || (letter == u'A' && tried.Key == u'a');
+                EXPECT_EQ(clicks - before, letter != u'B' && mine ? 1 : 0)
+                    << text::ToUtf8(tried.Caption) << " " << static_cast<int>(letter);
+            }
+            EXPECT_EQ(WindowText(back.Base.hWnd()), tried.Caption);
+        });
+        EXPECT_EQ(Said(back.Base).Name, tried.Name) << text::ToUtf8(tried.Caption);
+    }
+}
+
+TEST_F(Button, CaptionsOfAnyLength) {
+    TavrelButton& back = *m_Shown->Back;
+    std::u16string words;
+    while (words.size() < 100'000) words += u"word & ";
+    for (const std::u16string& caption : {std::u16string(100'000, u'w'), std::u16string(100'000, u'&'),
+                                          std::u16string(100'000, u' '), words}) {
+        m_Ui.Run([&] {
+            back.Caption(caption);
+            gui::ClientOf(back.Base.hWnd());
+            EXPECT_EQ(back.Caption(), caption);
+            EXPECT_EQ(WindowText(back.Base.hWnd()), caption);
+        });
+    }
+}
+
+TEST_F(Button, PropertiesHaveTheirDefaults) {
+    const TavrelButton& plain = m_Shown->Plain;
+    EXPECT_EQ(plain.BackColor(), 0x8000000Fu);
+    EXPECT_EQ(plain.ForeColor(), 0x80000012u);
+    EXPECT_TRUE(plain.ShowFocusRect());
+    EXPECT_EQ(plain.PicturePosition(), 1);
+    EXPECT_EQ(plain.PictureSize(), 1);
+    EXPECT_EQ(plain.PictureWidth(), 32);
+    EXPECT_EQ(plain.PictureHeight(), 32);
+    EXPECT_TRUE(plain.Picture().Empty());
+    EXPECT_TRUE(plain.XPDefaultColors());
+    EXPECT_EQ(plain.XPColor_Pressed(), 0x80000014u);
+    EXPECT_EQ(plain.XPColor_Hover(), 0x80000016u);
+    EXPECT_TRUE(plain.DefCurHand());
+    EXPECT_FALSE(plain.TransparentBG());
+    EXPECT_TRUE(plain.SoundOver().ends_with(u"\\over.wav"));
+    EXPECT_TRUE(plain.SoundClick().ends_with(u"\\click.wav"));
+}
+
+TEST_F(Button, ValuesOutsideTheirRangeAreRefused) {
+    TavrelButton& plain = m_Shown->Plain;
+    m_Ui.Run([&] {
+        for (const int style : {-1, 0, 2, 5, 1000}) EXPECT_THROW(plain.ButtonStyle(style), RuntimeFailure);
+        EXPECT_EQ(plain.ButtonStyle(), 3);
+        for (const int value : {-1, 4}) {
+            EXPECT_THROW(plain.PicturePosition(value), RuntimeFailure);
+            EXPECT_THROW(plain.PictureSize(value), RuntimeFailure);
+        }
+        EXPECT_EQ(plain.PicturePosition(), 1);
+        EXPECT_EQ(plain.PictureSize(), 1);
+    });
+}
+
+TEST_F(Button, ASideBelowTenPixelsIsSetBack) {
+    TavrelButton& plain = m_Shown->Plain;
+    m_Ui.Run([&] {
+        plain.Base.Width(149);
+        EXPECT_EQ(plain.Base.Width(), 150);
+        EXPECT_EQ(plain.Base.Height(), 450);
+        plain.Base.Height(0);
+        EXPECT_EQ(plain.Base.Height(), 150);
+        plain.Base.Move(0, 0, -300, 600);
+        EXPECT_EQ(plain.Base.Width(), 150);
+        EXPECT_EQ(plain.Base.Height(), 600);
+        plain.Base.Move(0, 0, 150, 150);
+        RECT client;
+        GetClientRect(plain.Base.hWnd(), &client);
+        EXPECT_EQ(client.right, 10);
+        EXPECT_EQ(client.bottom, 10);
+    });
+}
+
+TEST_F(Button, TheCursorIsAHandUnlessSwitchedOff) {
+    const HCURSOR hand = LoadCursorW(nullptr, MAKEINTRESOURCEW(32649));
+    const auto shown = [&] {
+        return On([&] {
+            SetCursor(nullptr);
+            SendMessageW(m_Shown->Plain.Base.hWnd(), WM_SETCURSOR,
+                         reinterpret_cast<WPARAM>(m_Shown->Plain.Base.hWnd()),
+                         MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+            return GetCursor();
+        });
+    };
+    EXPECT_EQ(shown(), hand);
+    m_Ui.Run([&] { m_Shown->Plain.DefCurHand(false); });
+    EXPECT_NE(shown(), hand);
+}
+
+TEST_F(Button, IsToldToScreenReaders) {
+    TavrelButton& back = *m_Shown->Back;
+    const gui::Spoken idle = Said(back.Base);
+    EXPECT_EQ(idle.Name, u"Go Back");
+    EXPECT_EQ(idle.Role, ROLE_SYSTEM_PUSHBUTTON);
+    EXPECT_EQ(idle.DefaultAction, u"Press");
+    EXPECT_TRUE(idle.State & STATE_SYSTEM_FOCUSABLE);
+    EXPECT_FALSE(idle.State & (STATE_SYSTEM_PRESSED | STATE_SYSTEM_HOTTRACKED | STATE_SYSTEM_DEFAULT));
+    EXPECT_EQ(Said(m_Shown->Tools.Base).Name, u"Tools and Options");
+    EXPECT_EQ(Said(m_Shown->Closer.Base).Name, u"Close");
+
+    std::unique_ptr<gui::HeardEvents> heard;
+    m_Ui.Run([&] {
+        m_Shown->Text.Base.SetFocus();
+        heard = std::make_unique<gui::HeardEvents>();
+    });
+    Enter(back);
+    EXPECT_TRUE(Said(back.Base).State & STATE_SYSTEM_HOTTRACKED);
+    gui::Press(MOUSEEVENTF_LEFTDOWN);
+    EXPECT_TRUE(Becomes([&] { return back.State().Pressed; }));
+    EXPECT_TRUE(Said(back.Base).State & STATE_SYSTEM_PRESSED);
+    gui::Press(MOUSEEVENTF_LEFTUP);
+    EXPECT_TRUE(Becomes([&] { return !back.State().Pressed; }));
+    EXPECT_FALSE(Said(back.Base).State & STATE_SYSTEM_PRESSED);
+    EXPECT_EQ(heard->Count(EVENT_OBJECT_STATECHANGE, back.Base.hWnd()), 2);
+    EXPECT_EQ(heard->Count(EVENT_OBJECT_FOCUS, back.Base.hWnd()), 1);
+    m_Ui.Run([&] { heard.reset(); });
+
+    int clicks = 0;
+    m_Ui.Run([&] {
+        back.Click = [&] { ++clicks; };
+        EXPECT_EQ(gui::DoDefault(back.Base.hWnd()), S_OK);
+        EXPECT_EQ(clicks, 1);
+        back.Base.Enabled(false);
+        EXPECT_NE(gui::DoDefault(back.Base.hWnd()), S_OK);
+        EXPECT_EQ(clicks, 1);
+        m_Shown->Window.DefaultButton = &m_Shown->Main.Base;
+    });
+    EXPECT_TRUE(Said(back.Base).State & STATE_SYSTEM_UNAVAILABLE);
+    EXPECT_TRUE(Said(m_Shown->Main.Base).State & STATE_SYSTEM_DEFAULT);
+}
+
+} // namespace
