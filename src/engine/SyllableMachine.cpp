@@ -13,6 +13,7 @@
 
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
+#include "engine/BanglaUnits.h"
 
 #include <algorithm>
 #include <cstring>
@@ -21,13 +22,10 @@
 namespace {
 
 // Entry::length: 0 to 24 as it is; above that, what makes a step unusual.
-constexpr std::uint8_t kLengthBits = 31;
+constexpr std::uint16_t kLengthBits = 31;
 constexpr unsigned kRephShift = 5;
-constexpr std::uint8_t kMissing = 0x80;
+constexpr std::uint16_t kMissing = 0x80;
 constexpr unsigned kMostRephs = 3;
-// Entry::cluster: a cluster begins so many bytes behind the start of the step's text.
-constexpr std::uint8_t kBeginsCluster = 0x80;
-constexpr unsigned kBeginsShift = 7;
 
 constexpr std::size_t kMostRows = 8192;
 constexpr std::size_t kMostTexts = 60000;
@@ -58,8 +56,6 @@ struct SyllableMachine::Lanes {
     Lane lane[kLanes];
     const char* at[kLanes] = {};
     char* out[kLanes] = {};
-    // [1] is where the last cluster begins; [0] takes what is none.
-    char* clusters[kLanes][2] = {};
     std::uint32_t row[kLanes] = {};
     LineEnd cut{};
     std::uint32_t start = 0;
@@ -105,7 +101,7 @@ void SyllableMachine::Learn(std::string_view block) {
 }
 
 void SyllableMachine::Reset() {
-    m_Rows.assign(kRowSize, Entry{0, 0, 0, 0});
+    m_Rows.assign(kRowSize, Entry{0, 0, 0});
     m_Texts.assign(m_Step, 0);
     m_Keys.assign(1, {});
     m_RowByKey.clear();
@@ -126,7 +122,7 @@ std::uint32_t SyllableMachine::RowOf(const std::vector<RuleChain::Progress>& pro
     if (known != m_RowByKey.end()) return known->second;
     if (m_Keys.size() >= kMostRows) return 0;
     const auto row = static_cast<std::uint32_t>(m_Rows.size());
-    m_Rows.resize(m_Rows.size() + kRowSize, Entry{0, 0, kMissing, 0});
+    m_Rows.resize(m_Rows.size() + kRowSize, Entry{0, 0, kMissing});
     m_Keys.push_back(key);
     m_RowByKey.emplace(std::move(key), row);
     return row;
@@ -159,17 +155,12 @@ bool SyllableMachine::Encode(const SyllableOutput& made, Entry& entry) {
         m_Texts.resize(m_Texts.size() + m_Step - bytes.size());
     }
     entry.text = known->second;
-    entry.length = static_cast<std::uint8_t>(bytes.size() | made.Rephs << kRephShift);
-    entry.cluster = 0;
-    if (made.Cluster != SyllableOutput::kNoCluster) {
-        const std::size_t before = encode(std::u16string_view(made.Units).substr(0, made.Cluster)).size();
-        entry.cluster = static_cast<std::uint8_t>(kBeginsCluster | before);
-    }
+    entry.length = static_cast<std::uint16_t>(bytes.size() | made.Rephs << kRephShift);
     return true;
 }
 
 SyllableMachine::Entry SyllableMachine::Compute(std::uint32_t row, unsigned column) {
-    const Entry givenUp{0, 0, 0, 0};
+    const Entry givenUp{0, 0, 0};
     if (++m_Computed > kFreeSteps + m_BytesSeen / kBytesPerStep) {
         m_Pays = false;
         return givenUp;
@@ -200,7 +191,28 @@ SyllableMachine::Entry SyllableMachine::Compute(std::uint32_t row, unsigned colu
     return entry;
 }
 
-SyllableMachine::Step SyllableMachine::Unusual(std::uint32_t row, unsigned column, char* cluster, char* out) {
+// A cluster is consonants with viramas between; a virama or vowel signs may stand behind it.
+char* SyllableMachine::ClusterStart(const char* lineOut, char* out) const {
+    const bool wide = m_Encoding == OutputEncoding::Utf16;
+    const std::ptrdiff_t size = wide ? 2 : 3;
+    // 0 for what is no unit of three bytes.
+    const auto before = [&](const char* place) -> std::uint8_t {
+        if (place - lineOut < size) return 0;
+        const auto byte = [&](int i) { return static_cast<unsigned char>(place[i]); };
+        if (wide) return bangla::ClassOf(static_cast<char16_t>(byte(-2) | byte(-1) << 8));
+        if ((byte(-3) & 0xF0) != 0xE0) return 0;
+        return bangla::ClassOf(
+            static_cast<char16_t>((byte(-3) & 0xF) << 12 | (byte(-2) & 0x3F) << 6 | (byte(-1) & 0x3F)));
+    };
+    while (before(out) & (bangla::kVowelSign | bangla::kCandrabindu)) out -= size;
+    if (before(out) & bangla::kVirama) out -= size;
+    if (before(out) & bangla::kConsonant) out -= size;
+    while ((before(out) & bangla::kVirama) && (before(out - size) & bangla::kConsonant)) out -= 2 * size;
+    return out;
+}
+
+SyllableMachine::Step SyllableMachine::Unusual(std::uint32_t row, unsigned column, const char* lineOut,
+                                               char* out) {
     Entry entry = m_Rows[row + column];
     if (entry.length & kMissing) entry = Compute(row, column);
     const std::size_t rephs = entry.length >> kRephShift;
@@ -208,6 +220,7 @@ SyllableMachine::Step SyllableMachine::Unusual(std::uint32_t row, unsigned colum
         const char* const pair =
             m_Encoding == OutputEncoding::Utf16 ? "\xB0\x09\xCD\x09" : "\xE0\xA6\xB0\xE0\xA7\x8D";
         const std::size_t length = m_Encoding == OutputEncoding::Utf16 ? 4 : 6;
+        char* const cluster = ClusterStart(lineOut, out);
         std::memmove(cluster + rephs * length, cluster, static_cast<std::size_t>(out - cluster));
         for (std::size_t i = 0; i < rephs; ++i) std::memcpy(cluster + i * length, pair, length);
         out += rephs * length;
@@ -243,14 +256,13 @@ void SyllableMachine::WalkSteps(Lanes& lanes, std::size_t first, std::size_t ste
             const unsigned column = m_Columns[static_cast<unsigned char>(at[k][i])];
             Entry entry = rows[row[k] + column];
             if (entry.length > kStep) [[unlikely]] {
-                const Step step = Unusual(row[k], column, lanes.clusters[first + k][1], out[k]);
+                const Step step = Unusual(row[k], column, lanes.lane[first + k].lineOut, out[k]);
                 entry = step.entry;
                 out[k] = step.out;
                 rows = m_Rows.data();
                 texts = m_Texts.data();
             }
             std::memcpy(out[k], texts + entry.text * kStep, kStep);
-            lanes.clusters[first + k][entry.cluster >> kBeginsShift] = out[k] + (entry.cluster & kLengthBits);
             out[k] += entry.length;
             row[k] = entry.next;
         }
@@ -268,7 +280,7 @@ bool SyllableMachine::EndLine(Lanes& lanes, std::size_t lane, const OtherWay& ot
     char*& out = lanes.out[lane];
     Entry entry = m_Rows[lanes.row[lane] + kColumns - 1];
     if (entry.length > m_Step) {
-        const Step step = Unusual(lanes.row[lane], kColumns - 1, lanes.clusters[lane][1], out);
+        const Step step = Unusual(lanes.row[lane], kColumns - 1, l.lineOut, out);
         entry = step.entry;
         out = step.out;
     }

@@ -39,15 +39,14 @@ private:
     static constexpr std::size_t kRowSize = 264;
     // Bytes that a step writes at most: eight units.
     static constexpr std::size_t kUtf16Step = 16, kUtf8Step = 24;
-    static constexpr std::size_t kLanes = 3;
+    static constexpr std::size_t kLanes = 4;
 
-    // A step: go to the row at `next` and write `length` bytes. The high bits of the two
-    // small fields say more: see the constants in the source.
+    // A step: go to the row at `next` and write `length` bytes. The high bits of `length` say
+    // more: see the constants in the source.
     struct Entry {
         std::uint32_t next;
         std::uint16_t text;
-        std::uint8_t length;
-        std::uint8_t cluster;
+        std::uint16_t length;
     };
     struct Lanes;
 
@@ -57,13 +56,14 @@ private:
     Entry Compute(std::uint32_t row, unsigned column);
     bool PutAll(std::u16string_view units, SyllablePasses::State& state, SyllableOutput& output) const;
     bool Encode(const SyllableOutput& made, Entry& entry);
-    // The step for what stands in column. Computes it, and puts rephs in front of the cluster,
-    // where it must; out is then moved on.
+    // The step for what stands in column. Computes it, and puts rephs in front of the last cluster
+    // of the line, which was written from lineOut to out, where it must; out is then moved on.
     struct Step {
         Entry entry;
         char* out;
     };
-    Step Unusual(std::uint32_t row, unsigned column, char* cluster, char* out);
+    Step Unusual(std::uint32_t row, unsigned column, const char* lineOut, char* out);
+    char* ClusterStart(const char* lineOut, char* out) const;
     template <std::size_t kCount>
     void Walk(Lanes& lanes, std::size_t first, std::size_t steps);
     template <std::size_t kCount, std::size_t kStep>

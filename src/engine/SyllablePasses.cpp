@@ -1,7 +1,7 @@
 // The text is written as it comes, but for what must wait: an e, i or ai sign for the end of
 // its cluster, a chandrabindu for the signs behind it, the letter A for an aa sign. A reph is
 // the one thing that goes back: in front of the cluster it stands behind, whose beginning the
-// caller keeps. Whatever the passes treat otherwise (their scans leave the syllable, a second
+// caller finds in what is written. Whatever the passes treat otherwise (their scans leave the syllable, a second
 // sign changes what is counted) is refused.
 //
 // Why the passes do the same with the whole line: a cluster begins behind a unit that is no
@@ -114,7 +114,7 @@ bool SyllablePasses::Put(State& state, char16_t unit, SyllableOutput& output) co
             output.Units.insert(output.Cluster, pair, 2);
         }
     } else if (unit == m_YaPhala) {
-        usual = fields.phase == kCluster || fields.phase == kJoin;
+        usual = fields.phase == kCluster;
         if (fields.bareRa) {
             // No virama stands behind the RA now, so the walk of a sign ends there.
             if (fields.sign != 0) output.Units += kSigns[fields.sign];
@@ -141,6 +141,8 @@ bool SyllablePasses::Put(State& state, char16_t unit, SyllableOutput& output) co
         usual = PutPostBase(fields, unit, output);
     } else if (fields.phase == kSign || (fields.phase == kJoin && fields.sign != 0)) {
         usual = false; // the walk of the sign goes on beyond this unit
+    } else if (fields.phase == kJoin && (of & kPreBaseKar)) {
+        usual = false; // in what is written, the virama would join two clusters
     } else if (of & kPreBaseKar) {
         Release(fields, output);
         fields = Fields(kSign);
