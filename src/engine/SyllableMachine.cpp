@@ -95,7 +95,7 @@ void SyllableMachine::Learn(std::string_view block) {
     std::stable_sort(m_Bytes.begin(), m_Bytes.end(),
                      [&](std::uint8_t a, std::uint8_t b) { return count[a] > count[b]; });
     for (std::size_t column = 0; column < 256; ++column)
-        m_Columns[m_Bytes[column]] = static_cast<std::uint16_t>(column);
+        m_Columns[m_Bytes[column]] = static_cast<std::uint8_t>(column);
     m_Learnt = true;
     Reset();
 }

@@ -39,7 +39,7 @@ private:
     static constexpr std::size_t kRowSize = 264;
     // Bytes that a step writes at most: eight units.
     static constexpr std::size_t kUtf16Step = 16, kUtf8Step = 24;
-    static constexpr std::size_t kLanes = 4;
+    static constexpr std::size_t kLanes = 6;
 
     // A step: go to the row at `next` and write `length` bytes. The high bits of `length` say
     // more: see the constants in the source.
@@ -77,11 +77,11 @@ private:
     bool m_Learnt = false;
     bool m_Pays = true;
 
-    std::array<std::uint16_t, 256> m_Columns{}; // by byte; frequent bytes stand together
-    std::array<std::uint8_t, 256> m_Bytes{};    // by column
-    std::vector<Entry> m_Rows;                  // row 0 is where the machine has given up
-    std::vector<char> m_Texts;                  // of m_Step bytes each
-    std::vector<std::u16string> m_Keys;         // by row
+    std::array<std::uint8_t, 256> m_Columns{}; // by byte; frequent bytes stand together
+    std::array<std::uint8_t, 256> m_Bytes{};   // by column
+    std::vector<Entry> m_Rows;                 // row 0 is where the machine has given up
+    std::vector<char> m_Texts;                 // of m_Step bytes each
+    std::vector<std::u16string> m_Keys;        // by row
     std::unordered_map<std::u16string, std::uint32_t> m_RowByKey;
     std::unordered_map<std::string, std::uint16_t> m_TextByBytes;
     std::uint32_t m_Start = 0;

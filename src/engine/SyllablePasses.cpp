@@ -1,8 +1,8 @@
 // The text is written as it comes, but for what must wait: an e, i or ai sign for the end of
 // its cluster, a chandrabindu for the signs behind it, the letter A for an aa sign. A reph is
-// the one thing that goes back: in front of the cluster it stands behind, whose beginning the
-// caller finds in what is written. Whatever the passes treat otherwise (their scans leave the syllable, a second
-// sign changes what is counted) is refused.
+// the one thing that goes back: in front of the cluster it stands behind, which the caller
+// finds in what is written. Whatever the passes treat otherwise (their scans leave the
+// syllable, a second sign changes what is counted) is refused.
 //
 // Why the passes do the same with the whole line: a cluster begins behind a unit that is no
 // virama, so a reph's scan stops there; the walk of a sign stops at the end of its cluster, as
