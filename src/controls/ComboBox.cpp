@@ -1,5 +1,6 @@
 #include "controls/ComboBox.h"
 
+#include "controls/ComboField.h"
 #include "controls/Events.h"
 #include "controls/FieldFrame.h"
 #include "controls/Painting.h"
@@ -8,30 +9,7 @@ namespace {
 
 constexpr int kRowsShown = 10;
 
-bool Dropped(const ComboBox* combo) {
-    return SendMessageW(combo->Base.hWnd(), CB_GETDROPPEDSTATE, 0, 0) != 0;
-}
-LONG State(void* self, int) {
-    return STATE_SYSTEM_HASPOPUP |
-           (Dropped(static_cast<ComboBox*>(self)) ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED);
-}
-std::u16string Value(void* self, int) {
-    return static_cast<ComboBox*>(self)->Text();
-}
-std::u16string DefaultAction(void* self, int) {
-    return Dropped(static_cast<ComboBox*>(self)) ? u"Close" : u"Open";
-}
-void DoDefault(void* self, int) {
-    const auto* combo = static_cast<ComboBox*>(self);
-    SendMessageW(combo->Base.hWnd(), CB_SHOWDROPDOWN, !Dropped(combo), 0);
-}
-constexpr AccessibleTable kAccessible{
-    .Role = ROLE_SYSTEM_COMBOBOX,
-    .State = State,
-    .Value = Value,
-    .DefaultAction = DefaultAction,
-    .DoDefault = DoDefault,
-};
+constexpr AccessibleTable kAccessible = ComboField::Accessible<ComboBox>();
 
 } // namespace
 
@@ -109,26 +87,10 @@ void ComboBox::OnChanged(Change what) {
     }
 }
 
-// The system counts the dropped list into the height; how high the closed box becomes
-// follows from the height of its entry.
 void ComboBox::OnPlace(const RECT& pixels) {
-    const HWND window = Base.hWnd();
-    const int row = static_cast<int>(SendMessageW(window, CB_GETITEMHEIGHT, 0, 0));
-    SetWindowPos(window, nullptr, pixels.left, pixels.top, WidthOf(pixels),
-                 HeightOf(pixels) + row * kRowsShown + Base.Scaled(2), SWP_NOZORDER | SWP_NOACTIVATE);
-    // What is asked for and what comes of it differ by borders that only the system knows.
-    const auto closed = static_cast<WPARAM>(-1);
-    int asked = static_cast<int>(SendMessageW(window, CB_GETITEMHEIGHT, closed, 0));
-    for (int attempt = 0; attempt < 3; ++attempt) {
-        RECT place;
-        GetWindowRect(window, &place);
-        const int missing = HeightOf(pixels) - HeightOf(place);
-        if (missing == 0 || asked + missing < 1) break;
-        asked += missing;
-        SendMessageW(window, CB_SETITEMHEIGHT, closed, asked);
-    }
+    ComboField::Place(Base, pixels, kRowsShown);
 }
 
 bool ComboBox::OnWantsKey(WPARAM) {
-    return Dropped(this);
+    return ComboField::Dropped(Base);
 }

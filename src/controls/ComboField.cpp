@@ -1,0 +1,42 @@
+#include "controls/ComboField.h"
+
+#include "controls/Painting.h"
+
+#include <commctrl.h>
+
+namespace ComboField {
+
+bool Dropped(const Control& combo) {
+    return SendMessageW(combo.hWnd(), CB_GETDROPPEDSTATE, 0, 0) != 0;
+}
+
+void Toggle(const Control& combo) {
+    SendMessageW(combo.hWnd(), CB_SHOWDROPDOWN, !Dropped(combo), 0);
+}
+
+// The system counts the dropped list into the height; how high the closed box becomes
+// follows from the height of its field.
+void Place(Control& combo, const RECT& pixels, int entries) {
+    const HWND window = combo.hWnd();
+    SendMessageW(window, CB_SETMINVISIBLE, static_cast<WPARAM>(entries), 0);
+    const int row = static_cast<int>(SendMessageW(window, CB_GETITEMHEIGHT, 0, 0));
+    SetWindowPos(window, nullptr, pixels.left, pixels.top, WidthOf(pixels),
+                 HeightOf(pixels) + row * entries + combo.Scaled(2), SWP_NOZORDER | SWP_NOACTIVATE);
+    // What is asked for and what comes of it differ by borders that only the system knows.
+    const auto closed = static_cast<WPARAM>(-1);
+    int asked = static_cast<int>(SendMessageW(window, CB_GETITEMHEIGHT, closed, 0));
+    for (int attempt = 0; attempt < 3; ++attempt) {
+        RECT place;
+        GetWindowRect(window, &place);
+        const int missing = HeightOf(pixels) - HeightOf(place);
+        if (missing == 0 || asked + missing < 1) break;
+        asked += missing;
+        SendMessageW(window, CB_SETITEMHEIGHT, closed, asked);
+    }
+}
+
+LONG State(const Control& combo) {
+    return STATE_SYSTEM_HASPOPUP | (Dropped(combo) ? STATE_SYSTEM_EXPANDED : STATE_SYSTEM_COLLAPSED);
+}
+
+} // namespace ComboField

@@ -1,0 +1,31 @@
+// What the boxes with a list that drops down share.
+#pragma once
+
+#include "controls/Control.h"
+
+namespace ComboField {
+
+bool Dropped(const Control& combo);
+// Opens or closes the list.
+void Toggle(const Control& combo);
+// For the control's Place entry: makes the closed box as high as pixels, and the dropped
+// list long enough for the given number of entries.
+void Place(Control& combo, const RECT& pixels, int entries);
+
+// What screen readers are told.
+LONG State(const Control& combo);
+template <class Combo>
+constexpr AccessibleTable Accessible() {
+    return {
+        .Role = ROLE_SYSTEM_COMBOBOX,
+        .State = [](void* self, int) { return State(static_cast<Combo*>(self)->Base); },
+        .Value = [](void* self, int) { return static_cast<Combo*>(self)->Text(); },
+        .DefaultAction =
+            [](void* self, int) {
+                return std::u16string(Dropped(static_cast<Combo*>(self)->Base) ? u"Close" : u"Open");
+            },
+        .DoDefault = [](void* self, int) { Toggle(static_cast<Combo*>(self)->Base); },
+    };
+}
+
+} // namespace ComboField

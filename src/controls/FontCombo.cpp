@@ -1,0 +1,236 @@
+#include "controls/FontCombo.h"
+
+#include "controls/ComboField.h"
+#include "controls/Dpi.h"
+#include "controls/Events.h"
+#include "controls/FieldFrame.h"
+#include "controls/MSubclass.h"
+#include "controls/Painting.h"
+#include "controls/Theme.h"
+
+namespace {
+
+constexpr int kRowsShown = 10;
+constexpr int kRowHeight = 24;  // pixels at 96 DPI: a line of 12 points
+constexpr int kArrowField = 20; // with its lines
+constexpr int kPadding = 6;
+constexpr UINT kChosen = WM_APP + 1;
+constexpr UINT kWatched[] = {WM_KEYDOWN, WM_CHAR, WM_GETOBJECT};
+
+constexpr AccessibleTable kAccessible = ComboField::Accessible<FontCombo>();
+
+} // namespace
+
+const ControlKind FontCombo::kKind{
+    .TypeName = u"FontCombo",
+    .LayoutKinds = u"fontcombo|overlay",
+    .WindowClass = L"COMBOBOX",
+    .Style =
+        CBS_DROPDOWN | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | CBS_AUTOHSCROLL | WS_VSCROLL | WS_CLIPCHILDREN,
+    .Focusable = true,
+    .TakesLabel = true,
+    .Created = Entry<&FontCombo::OnCreated>::Call,
+    .Message = Entry<&FontCombo::OnMessage>::Call,
+    .Changed = Entry<&FontCombo::OnChanged>::Call,
+    .Place = Entry<&FontCombo::OnPlace>::Call,
+    .WantsKey = Entry<&FontCombo::OnWantsKey>::Call,
+    .Accessible = &kAccessible,
+};
+
+FontCombo::~FontCombo() {
+    for (const UINT message : kWatched) MSubclass::DetachMessage(*this, m_Edit, message);
+}
+
+void FontCombo::OnCreated() {
+    COMBOBOXINFO parts{};
+    parts.cbSize = sizeof parts;
+    GetComboBoxInfo(Base.hWnd(), &parts);
+    m_Edit = parts.hwndItem;
+    SendMessageW(m_Edit, EM_SETLIMITTEXT, 0, 0);
+    for (const UINT message : kWatched) MSubclass::AttachMessage(*this, m_Edit, message);
+    OnChanged(Change::Font);
+}
+
+void FontCombo::AddItem(const std::u16string& text, const ::Font& font) {
+    m_Entries.push_back({text, font, {}});
+    SendMessageW(Base.hWnd(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(text)));
+}
+
+void FontCombo::Clear() {
+    const std::u16string text = Text();
+    m_Entries.clear();
+    SendMessageW(Base.hWnd(), CB_RESETCONTENT, 0, 0);
+    SetWindowTextW(m_Edit, Wide(text));
+}
+
+std::u16string FontCombo::List(int index) const {
+    return index < 0 || index >= ListCount() ? u"" : m_Entries[static_cast<std::size_t>(index)].Text;
+}
+
+int FontCombo::ListIndex() const {
+    const auto index = static_cast<int>(SendMessageW(Base.hWnd(), CB_GETCURSEL, 0, 0));
+    return index >= 0 && index < ListCount() && List(index) == Text() ? index : -1;
+}
+
+void FontCombo::ListIndex(int index) {
+    if (index < -1 || index >= ListCount()) return;
+    const bool changes = List(index) != Text();
+    SendMessageW(Base.hWnd(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    if (changes) Base.Notify(EVENT_OBJECT_VALUECHANGE);
+}
+
+int FontCombo::Find(const std::u16string& text) const {
+    for (int i = 0; i < ListCount(); ++i) {
+        const std::u16string& entry = m_Entries[static_cast<std::size_t>(i)].Text;
+        if (CompareStringOrdinal(Wide(entry), static_cast<int>(entry.size()), Wide(text),
+                                 static_cast<int>(text.size()), TRUE) == CSTR_EQUAL)
+            return i;
+    }
+    return -1;
+}
+
+std::u16string FontCombo::Text() const {
+    return WindowText(m_Edit);
+}
+
+void FontCombo::Text(const std::u16string& text) {
+    const bool changes = text != Text();
+    const int index = Find(text);
+    SendMessageW(Base.hWnd(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
+    if (List(index) != text) SetWindowTextW(m_Edit, Wide(text));
+    if (changes) Base.Notify(EVENT_OBJECT_VALUECHANGE);
+}
+
+void FontCombo::SelectAll() {
+    SendMessageW(m_Edit, EM_SETSEL, 0, -1);
+}
+
+int FontCombo::DropDownWidth() const {
+    return static_cast<int>(SendMessageW(Base.hWnd(), CB_GETDROPPEDWIDTH, 0, 0));
+}
+
+void FontCombo::DropDownWidth(int pixels) {
+    SendMessageW(Base.hWnd(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(pixels), 0);
+}
+
+bool FontCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    switch (message) {
+    case kReflected + WM_COMMAND:
+        return OnCommand(HIWORD(wParam));
+    case kReflected + WM_DRAWITEM:
+        OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
+        result = TRUE;
+        return true;
+    case kChosen:
+        Base.Notify(EVENT_OBJECT_VALUECHANGE);
+        Raise(Click);
+        return true;
+    case WM_CTLCOLOREDIT:
+    case WM_CTLCOLORSTATIC:
+    case WM_CTLCOLORLISTBOX:
+        result = FieldFrame::Colours(reinterpret_cast<HDC>(wParam), Base.EnabledInAll());
+        return true;
+    default:
+        return false;
+    }
+}
+
+bool FontCombo::OnCommand(UINT notification) {
+    switch (notification) {
+    case CBN_SELENDOK:
+        // By arrow keys it comes from a closed list too. The text follows only behind it.
+        if (ComboField::Dropped(Base)) PostMessageW(Base.hWnd(), kChosen, 0, 0);
+        break;
+    case CBN_SELCHANGE:
+    case CBN_EDITCHANGE:
+        Base.Notify(EVENT_OBJECT_VALUECHANGE);
+        break;
+    case CBN_DROPDOWN:
+        Base.Notify(EVENT_OBJECT_STATECHANGE);
+        break;
+    case CBN_CLOSEUP:
+        FreeFonts();
+        Base.Notify(EVENT_OBJECT_STATECHANGE);
+        break;
+    default:
+        break;
+    }
+    return true;
+}
+
+void FontCombo::OnDrawItem(const DRAWITEMSTRUCT& item) {
+    if (item.itemID >= m_Entries.size()) return;
+    Row& row = m_Entries[item.itemID];
+    if (!row.Handle) row.Handle = FontHandle(row.Face, Base.Dpi());
+    DrawFontEntry(item.hDC, item.rcItem,
+                  {.Text = row.Text,
+                   .Face = row.Handle.Get(),
+                   .Selected = (item.itemState & ODS_SELECTED) != 0,
+                   .Dpi = Base.Dpi()});
+}
+
+void FontCombo::FreeFonts() {
+    for (Row& row : m_Entries) row.Handle = FontHandle();
+}
+
+void FontCombo::OnChanged(Change what) {
+    if (what != Change::Font && what != Change::Dpi) return;
+    FreeFonts();
+    SendMessageW(Base.hWnd(), CB_SETITEMHEIGHT, 0, Base.Scaled(kRowHeight));
+    Base.Move(Base.Left(), Base.Top(), Base.Width(), Base.Height());
+}
+
+void FontCombo::OnPlace(const RECT& pixels) {
+    ComboField::Place(Base, pixels, kRowsShown);
+    PlaceText();
+}
+
+// The system puts the text close to its own button; ours is wider.
+void FontCombo::PlaceText() {
+    if (!m_Edit) return;
+    RECT client;
+    GetClientRect(Base.hWnd(), &client);
+    const int line = LineHeight(Base.FontInUse());
+    const int width = WidthOf(client) - Base.Scaled(kPadding) - Base.Scaled(kArrowField);
+    SetWindowPos(m_Edit, nullptr, Base.Scaled(kPadding), (HeightOf(client) - line) / 2, width, line,
+                 SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool FontCombo::OnWantsKey(WPARAM) {
+    return KeyDown || ComboField::Dropped(Base);
+}
+
+// Of the edit window inside.
+LRESULT FontCombo::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) {
+    switch (iMsg) {
+    case WM_GETOBJECT:
+        return SendMessageW(Base.hWnd(), iMsg, wParam, lParam);
+    case WM_CHAR:
+        // The dropped list ends by them; the line of text has no use for them and beeps.
+        if ((wParam == VK_RETURN || wParam == VK_ESCAPE) && !ComboField::Dropped(Base)) return 0;
+        break;
+    case WM_KEYDOWN: {
+        const bool ends = wParam == VK_RETURN || wParam == VK_ESCAPE;
+        if (ends && ComboField::Dropped(Base)) break;
+        const StillThere here(Base);
+        Raise(KeyDown, static_cast<int>(wParam), ShiftState());
+        if (!here || ends) return 0;
+        break;
+    }
+    default:
+        break;
+    }
+    return MSubclass::CallOldWindowProc(hWnd, iMsg, wParam, lParam);
+}
+
+void DrawFontEntry(HDC dc, const RECT& place, const FontEntryState& state) {
+    const COLORREF ground = state.Selected ? Theme::Pick(palette::Sel, COLOR_HIGHLIGHT)
+                                           : Theme::Pick(palette::Card, COLOR_WINDOW);
+    const COLORREF ink = state.Selected ? Theme::Pick(palette::Card, COLOR_HIGHLIGHTTEXT)
+                                        : Theme::Pick(palette::Ink, COLOR_WINDOWTEXT);
+    FillRectangle(dc, place, ground);
+    RECT text = place;
+    text.left += Scaled(kPadding, state.Dpi);
+    DrawTextIn(dc, state.Face, state.Text, text, ink,
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+}

@@ -1,0 +1,326 @@
+// Font list: any text, entries in their own face, fonts only for what is seen, its events.
+#include "controls/ComboField.h"
+#include "controls/FontCombo.h"
+#include "controls/Label.h"
+#include "controls/Painting.h"
+#include "controls/TextBox.h"
+#include "windows/FormTest.h"
+#include "windows/Pixels.h"
+
+namespace {
+
+constexpr std::u16string_view kLayout =
+    u"form\n"
+    u"f\t\tfrmFonts\tform\t\t\t6000\t6000\tFonts\t\t\n"
+    u"f\tfrmFonts\tLabelFont\tlabel\t150\t150\t4740\t300\tDisplay &font:\t\t\n"
+    u"f\tfrmFonts\tFonts\tfontcombo\t150\t450\t4740\t360\t\t1\t\n"
+    u"f\tfrmFonts\tOther\ttext\t150\t1200\t2250\t360\t\t2\tAccessibleName=Other\n";
+
+struct FontsForm {
+    Form Window;
+    Label LabelFont;
+    FontCombo Fonts;
+    TextBox Other;
+    std::vector<int> Keys;
+    int Clicks = 0;
+    FontsForm() {
+        Window.Bind(u"LabelFont", LabelFont).Bind(u"Fonts", Fonts).Bind(u"Other", Other).Create(kLayout);
+        for (const char16_t* name : {u"Tahoma", u"Lohit Bengali", u"Liberation Serif", u"Tahoma"})
+            Fonts.AddItem(name, {name, 12, false, false});
+        Fonts.Click = [this] { ++Clicks; };
+        Window.Show();
+    }
+};
+
+class FontCombos : public gui::FormTest<FontsForm> {
+protected:
+    bool Dropped() {
+        return On([&] { return ComboField::Dropped(m_Shown->Fonts.Base); });
+    }
+    HWND Part(bool list) {
+        COMBOBOXINFO parts{};
+        parts.cbSize = sizeof parts;
+        GetComboBoxInfo(m_Shown->Fonts.Base.hWnd(), &parts);
+        return list ? parts.hwndList : parts.hwndItem;
+    }
+    // Opens the list by a click on the arrow.
+    void Drop() {
+        RECT client;
+        GetClientRect(m_Shown->Fonts.Base.hWnd(), &client);
+        gui::Click(gui::ToScreen(m_Shown->Fonts.Base.hWnd(), client.right - 8, client.bottom / 2));
+        ASSERT_TRUE(gui::WaitUntil([&] { return Dropped(); }));
+    }
+    void ClickRow(int row) {
+        const int height = On([&] {
+            return static_cast<int>(SendMessageW(m_Shown->Fonts.Base.hWnd(), CB_GETITEMHEIGHT, 0, 0));
+        });
+        gui::Click(gui::ToScreen(Part(true), 20, height * row + height / 2));
+    }
+};
+
+int FontsInUse() {
+    int count = 0;
+    for (ULONG_PTR slot = 1; slot < 0x10000; ++slot)
+        count += GetObjectType(reinterpret_cast<HGDIOBJ>(slot)) == OBJ_FONT;
+    return count;
+}
+
+TEST_F(FontCombos, HoldsTextsAndRefusesIndexesOutOfRange) {
+    m_Ui.Run([&] {
+        FontCombo& fonts = m_Shown->Fonts;
+        EXPECT_EQ(fonts.ListCount(), 4);
+        EXPECT_EQ(fonts.ListIndex(), -1);
+        EXPECT_EQ(fonts.List(1), u"Lohit Bengali");
+        EXPECT_EQ(fonts.List(-1), u"");
+        EXPECT_EQ(fonts.List(4), u"");
+        fonts.ListIndex(2);
+        EXPECT_EQ(fonts.Text(), u"Liberation Serif");
+        fonts.ListIndex(4);
+        fonts.ListIndex(-2);
+        EXPECT_EQ(fonts.ListIndex(), 2);
+        fonts.ListIndex(3);
+        EXPECT_EQ(fonts.ListIndex(), 3); // not the first of that name
+        fonts.ListIndex(-1);
+        EXPECT_EQ(fonts.Text(), u"");
+        EXPECT_EQ(fonts.Find(u"LOHIT bengali"), 1);
+        EXPECT_EQ(fonts.Find(u"Lohit"), -1);
+        EXPECT_EQ(fonts.Find(u"tahoma"), 0);
+        EXPECT_EQ(fonts.Find(u""), -1);
+        EXPECT_EQ(m_Shown->Clicks, 0);
+        fonts.Clear();
+        EXPECT_EQ(fonts.ListCount(), 0);
+        EXPECT_EQ(fonts.Find(u"Tahoma"), -1);
+        fonts.ListIndex(0);
+        EXPECT_EQ(fonts.ListIndex(), -1);
+    });
+}
+
+TEST_F(FontCombos, TakesTheNameOfAFontThatIsNotThere) {
+    m_Ui.Run([&] {
+        FontCombo& fonts = m_Shown->Fonts;
+        fonts.Text(u"SutonnyMJ");
+        EXPECT_EQ(fonts.Text(), u"SutonnyMJ");
+        EXPECT_EQ(fonts.ListIndex(), -1);
+        fonts.Text(u"lohit bengali");
+        EXPECT_EQ(fonts.Text(), u"lohit bengali");
+        fonts.Text(u"Liberation Serif");
+        EXPECT_EQ(fonts.ListIndex(), 2);
+        fonts.Text(std::u16string(10'000, u'x'));
+        EXPECT_EQ(fonts.Text().size(), 10'000u);
+        fonts.AddItem(u"SutonnyMJ", {u"SutonnyMJ", 12, false, false});
+        fonts.ListIndex(4);
+        fonts.Text(u"");
+        fonts.Clear();
+        fonts.Text(u"kept");
+        fonts.Clear();
+        EXPECT_EQ(fonts.Text(), u"kept");
+        fonts.Text(u"");
+        fonts.Base.SetFocus();
+    });
+    gui::Type('A');
+    gui::Type('B');
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Fonts.Text() == u"ab"; }));
+}
+
+TEST_F(FontCombos, SelectAllMakesTheNextKeyReplaceTheText) {
+    m_Ui.Run([&] {
+        m_Shown->Fonts.Text(u"Siyam Rupali");
+        m_Shown->Fonts.Base.SetFocus();
+        m_Shown->Fonts.SelectAll();
+    });
+    gui::Type('Q');
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Fonts.Text() == u"q"; }));
+}
+
+TEST_F(FontCombos, AChosenEntryRaisesClickOnceAlsoTheSameAgain) {
+    Drop();
+    ClickRow(1);
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Clicks == 1; }));
+    EXPECT_EQ(On([&] { return m_Shown->Fonts.Text(); }), u"Lohit Bengali");
+    EXPECT_EQ(On([&] { return m_Shown->Fonts.ListIndex(); }), 1);
+    EXPECT_FALSE(Dropped());
+    Drop();
+    ClickRow(1);
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Clicks == 2; }));
+    EXPECT_FALSE(Dropped());
+}
+
+TEST_F(FontCombos, KeysInTheDroppedListChooseByEnterAndGiveUpByEsc) {
+    m_Shown->Fonts.KeyDown = [&](int key, int) { m_Shown->Keys.push_back(key); };
+    m_Ui.Run([&] { m_Shown->Window.Closing = [] { ADD_FAILURE() << "closed"; }; });
+    Drop();
+    gui::Type(VK_DOWN);
+    gui::Type(VK_DOWN);
+    gui::Type(VK_RETURN);
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Clicks == 1; }));
+    EXPECT_EQ(On([&] { return m_Shown->Fonts.Text(); }), u"Lohit Bengali");
+    // Wine's list keeps the mouse after keys have closed it: opened by code.
+    m_Ui.Run([&] { ComboField::Toggle(m_Shown->Fonts.Base); });
+    gui::Type(VK_ESCAPE);
+    EXPECT_TRUE(gui::WaitUntil([&] { return !Dropped(); }));
+    EXPECT_EQ(On([&] { return m_Shown->Clicks; }), 1);
+    EXPECT_EQ(m_Shown->Keys, (std::vector<int>{VK_DOWN, VK_DOWN}));
+}
+
+TEST_F(FontCombos, ArrowKeysInTheClosedBoxChangeTheTextWithoutClick) {
+    m_Ui.Run([&] { m_Shown->Fonts.Base.SetFocus(); });
+    gui::Type(VK_DOWN);
+    gui::Type(VK_DOWN);
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Fonts.Text() == u"Lohit Bengali"; }));
+    EXPECT_EQ(On([&] { return m_Shown->Fonts.ListIndex(); }), 1);
+    EXPECT_EQ(On([&] { return m_Shown->Clicks; }), 0);
+}
+
+TEST_F(FontCombos, EnterAndEscOfTheClosedBoxComeAsKeyDownOnly) {
+    m_Ui.Run([&] {
+        m_Shown->Window.Closing = [] { ADD_FAILURE() << "closed"; };
+        m_Shown->Fonts.KeyDown = [&](int key, int shift) {
+            m_Shown->Keys.push_back(key);
+            m_Shown->Keys.push_back(shift);
+        };
+        m_Shown->Fonts.Base.SetFocus();
+    });
+    gui::Type(VK_RETURN);
+    gui::Key(VK_SHIFT, false);
+    gui::Type(VK_END);
+    gui::Key(VK_SHIFT, true);
+    gui::Type(VK_ESCAPE);
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Keys.size() == 8; }));
+    EXPECT_EQ(m_Shown->Keys, (std::vector<int>{VK_RETURN, 0, VK_SHIFT, 1, VK_END, 1, VK_ESCAPE, 0}));
+}
+
+TEST_F(FontCombos, FontsAreMadeOnlyForEntriesThatAreSeenAndGoWithTheList) {
+    m_Ui.Run([&] {
+        m_Shown->Fonts.Clear();
+        UpdateWindow(m_Shown->Window.Base.hWnd());
+    });
+    const int before = On(FontsInUse);
+    m_Ui.Run([&] {
+        for (int i = 0; i < 300; ++i)
+            m_Shown->Fonts.AddItem(u"Face " + text::Decimal(i), {u"Tahoma", 12, false, false});
+        m_Shown->Fonts.Text(u"Face 7");
+    });
+    EXPECT_EQ(On(FontsInUse), before);
+    Drop();
+    RECT list;
+    GetClientRect(Part(true), &list);
+    const int height = On(
+        [&] { return static_cast<int>(SendMessageW(m_Shown->Fonts.Base.hWnd(), CB_GETITEMHEIGHT, 0, 0)); });
+    const int seen = (list.bottom + height - 1) / height;
+    EXPECT_LE(seen, 11);
+    EXPECT_TRUE(Becomes([&] { return FontsInUse() > before; }));
+    EXPECT_LE(On(FontsInUse), before + seen);
+    gui::Type(VK_ESCAPE);
+    EXPECT_TRUE(gui::WaitUntil([&] { return !Dropped(); }));
+    EXPECT_EQ(On(FontsInUse), before);
+}
+
+TEST_F(FontCombos, AnEntryIsDrawnInItsOwnFace) {
+    const FontHandle tahoma({u"Tahoma", 12, false, false}, 96),
+        serif({u"Liberation Serif", 12, false, false}, 96);
+    const auto drawn = [](const FontEntryState& state) {
+        return gui::Drawn(200, 24, [&](HDC dc) { DrawFontEntry(dc, {0, 0, 200, 24}, state); });
+    };
+    const gui::Pixels one = drawn({.Text = u"Same & text", .Face = tahoma.Get()});
+    EXPECT_FALSE(one == drawn({.Text = u"Same & text", .Face = serif.Get()}));
+    EXPECT_EQ(one.At(0, 0), palette::Card);
+    EXPECT_EQ(one.Count(RGB(255, 0, 255)), 0);
+    EXPECT_EQ(drawn({.Text = u"x", .Face = tahoma.Get(), .Selected = true}).At(0, 0), palette::Sel);
+    Theme::ReplaceHighContrast([] { return true; });
+    EXPECT_EQ(drawn({.Text = u"x", .Face = tahoma.Get()}).At(0, 0), GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(drawn({.Text = u"x", .Face = tahoma.Get(), .Selected = true}).At(0, 0),
+              GetSysColor(COLOR_HIGHLIGHT));
+}
+
+TEST_F(FontCombos, TheDroppedListCanBeWiderThanTheBox) {
+    RECT box;
+    GetWindowRect(m_Shown->Fonts.Base.hWnd(), &box);
+    m_Ui.Run([&] {
+        m_Shown->Fonts.DropDownWidth(2 * WidthOf(box));
+        EXPECT_EQ(m_Shown->Fonts.DropDownWidth(), 2 * WidthOf(box));
+    });
+    Drop();
+    RECT list;
+    GetWindowRect(Part(true), &list);
+    EXPECT_NEAR(WidthOf(list), 2 * WidthOf(box), 4);
+}
+
+TEST_F(FontCombos, TheBoxHasItsHeightAndItsRowsTheirsAtEveryDpi) {
+    for (const int dpi : {96, 120, 144, 192}) {
+        SetDpi(dpi);
+        RECT box, edit;
+        GetWindowRect(m_Shown->Fonts.Base.hWnd(), &box);
+        GetWindowRect(Part(false), &edit);
+        EXPECT_EQ(HeightOf(box), 24 * dpi / 96) << dpi;
+        EXPECT_EQ(WidthOf(box), 316 * dpi / 96) << dpi;
+        EXPECT_LE(edit.right, box.right - 20 * dpi / 96) << dpi;
+        EXPECT_GE(edit.left, box.left + 2 * dpi / 96) << dpi;
+        EXPECT_NEAR(edit.top - box.top, box.bottom - edit.bottom, 1) << dpi;
+        EXPECT_EQ(On([&] { return SendMessageW(m_Shown->Fonts.Base.hWnd(), CB_GETITEMHEIGHT, 0, 0); }),
+                  24 * dpi / 96);
+    }
+}
+
+TEST_F(FontCombos, ScreenReadersGetNameValueAndState) {
+    std::unique_ptr<gui::HeardEvents> heard;
+    const HWND combo = m_Shown->Fonts.Base.hWnd();
+    m_Ui.Run([&] {
+        heard = std::make_unique<gui::HeardEvents>();
+        m_Shown->Fonts.Base.SetFocus();
+        m_Shown->Fonts.Text(u"SutonnyMJ");
+    });
+    EXPECT_EQ(heard->Count(EVENT_OBJECT_VALUECHANGE, combo), 1);
+    gui::Spoken said = Said(m_Shown->Fonts.Base);
+    EXPECT_EQ(said.Name, u"Display font:");
+    EXPECT_EQ(said.Role, ROLE_SYSTEM_COMBOBOX);
+    EXPECT_EQ(said.Value, u"SutonnyMJ");
+    EXPECT_EQ(said.DefaultAction, u"Open");
+    EXPECT_TRUE(said.State & STATE_SYSTEM_COLLAPSED);
+    EXPECT_TRUE(said.State & STATE_SYSTEM_FOCUSED);
+    // The window inside, which has the focus, says the same.
+    said = On([&] { return gui::Ask(Part(false)); });
+    EXPECT_EQ(said.Name, u"Display font:");
+    EXPECT_EQ(said.Value, u"SutonnyMJ");
+    m_Ui.Run([&] { EXPECT_EQ(gui::DoDefault(combo), S_OK); });
+    EXPECT_TRUE(Said(m_Shown->Fonts.Base).State & STATE_SYSTEM_EXPANDED);
+    EXPECT_GE(heard->Count(EVENT_OBJECT_STATECHANGE, combo), 1);
+    m_Ui.Run([&] { heard.reset(); });
+}
+
+TEST_F(FontCombos, ItMayBeDestroyedInsideItsOwnEvents) {
+    m_Ui.Run([&] { m_Shown.reset(); });
+    struct Own {
+        Form Window;
+        std::unique_ptr<FontCombo> Fonts = std::make_unique<FontCombo>();
+        Own() {
+            Window.Bind(u"Fonts", *Fonts)
+                .Create(u"form\nf\t\tfrmOwn\tform\t\t\t6000\t3000\tOwn\t\t\n"
+                        u"f\tfrmOwn\tFonts\tfontcombo\t150\t450\t4740\t360\t\t1\tAccessibleName=F\n");
+            Fonts->AddItem(u"Tahoma", {u"Tahoma", 12, false, false});
+            Window.Show();
+            Fonts->Base.SetFocus();
+        }
+    };
+    for (const bool byKey : {true, false}) {
+        std::unique_ptr<Own> own;
+        m_Ui.Run([&] {
+            own = std::make_unique<Own>();
+            own->Fonts->KeyDown = [&, byKey](int key, int) {
+                if (byKey && key == 'A') own->Fonts.reset();
+            };
+            own->Fonts->Click = [&] { own->Fonts.reset(); };
+        });
+        ASSERT_TRUE(gui::Activate(own->Window.Base.hWnd()));
+        if (byKey) {
+            gui::Type('A');
+        } else {
+            m_Ui.Run([&] { SendMessageW(own->Fonts->Base.hWnd(), CB_SHOWDROPDOWN, TRUE, 0); });
+            gui::Type(VK_DOWN);
+            gui::Type(VK_RETURN);
+        }
+        EXPECT_TRUE(Becomes([&] { return !own->Fonts; })) << byKey;
+        m_Ui.Run([&] { own.reset(); });
+    }
+}
+
+} // namespace
