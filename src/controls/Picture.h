@@ -14,7 +14,7 @@ public:
     // The picture of that name among the program's resources ("paste-16"). Raises failure
     // 13 where there is none or it is damaged.
     static Picture FromResource(std::u16string_view name);
-    // From the file form that tools/make-picture.py writes. Raises failure 13 where a size
+    // From the file form that tools/make-pictures.py writes. Raises failure 13 where a size
     // or a count does not hold.
     static Picture FromBytes(std::string_view bytes);
 
