@@ -1,0 +1,117 @@
+// The look of the list and of its header, one blit each.
+#include "controls/Dpi.h"
+#include "controls/MSubclass.h"
+#include "controls/Painting.h"
+#include "controls/Theme.h"
+#include "controls/TwoColumnList.h"
+
+#include <commctrl.h>
+
+namespace {
+
+constexpr int kHeaderHeight = 24, kTextLeft = 6;            // pixels at 96 DPI
+constexpr COLORREF kQuietSelection = RGB(0xCF, 0xE3, 0xE3); // of a list without the focus
+
+} // namespace
+
+void TwoColumnList::PaintRows(HDC dc, const RECT& client) const {
+    const bool enabled = Base.EnabledInAll(), focused = Base.HasFocus();
+    FillRectangle(dc, client, Theme::Pick(enabled ? palette::Card : palette::DisabledGround, COLOR_WINDOW));
+    TableRowState state;
+    state.Font = reinterpret_cast<HFONT>(SendMessageW(Base.hWnd(), WM_GETFONT, 0, 0));
+    state.Focused = focused;
+    state.Enabled = enabled;
+    state.Dpi = Base.Dpi();
+    for (int column = 0; column < kColumns; ++column)
+        state.Widths[column] =
+            static_cast<int>(SendMessageW(Base.hWnd(), LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+    const int selected = focused || !HideSelection() ? ListIndex() : -1;
+    const int count = ListCount();
+    for (int row = static_cast<int>(SendMessageW(Base.hWnd(), LVM_GETTOPINDEX, 0, 0)); row < count; ++row) {
+        const RECT place = Row(row);
+        if (place.top >= client.bottom || IsRectEmpty(&place)) break;
+        const std::u16string first = Text(row, 0), second = Text(row, 1);
+        state.Texts[0] = first;
+        state.Texts[1] = second;
+        state.Selected = row == selected;
+        DrawTableRow(dc, place, state);
+    }
+}
+
+void TwoColumnList::PaintHeader(HDC dc, const RECT& client) const {
+    const FontHandle strong(StrongFont(), Base.Dpi());
+    const std::u16string first = Header(0), second = Header(1);
+    TableRowState state;
+    state.Header = true;
+    state.Font = strong.Get();
+    state.Enabled = Base.EnabledInAll();
+    state.Dpi = Base.Dpi();
+    state.Texts[0] = first;
+    state.Texts[1] = second;
+    for (int column = 0; column < kColumns; ++column)
+        state.Widths[column] =
+            static_cast<int>(SendMessageW(Base.hWnd(), LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
+    DrawTableRow(dc, client, state);
+}
+
+LRESULT TwoColumnList::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) {
+    switch (iMsg) {
+    case WM_PAINT:
+        PaintBuffered(hWnd, [this](HDC dc, const RECT& client) { PaintHeader(dc, client); });
+        return 0;
+    case WM_PRINTCLIENT: {
+        RECT client;
+        GetClientRect(hWnd, &client);
+        PaintHeader(reinterpret_cast<HDC>(wParam), client);
+        return 0;
+    }
+    case WM_ERASEBKGND:
+        return 1;
+    case HDM_LAYOUT: {
+        const auto* layout = reinterpret_cast<const HDLAYOUT*>(lParam);
+        const LONG top = layout->prc->top;
+        const LRESULT result = MSubclass::CallOldWindowProc(hWnd, iMsg, wParam, lParam);
+        layout->pwpos->cy = Base.Scaled(kHeaderHeight);
+        layout->prc->top = top + layout->pwpos->cy;
+        return result;
+    }
+    default:
+        return MSubclass::CallOldWindowProc(hWnd, iMsg, wParam, lParam);
+    }
+}
+
+void DrawTableRow(HDC dc, const RECT& place, const TableRowState& state) {
+    const int hair = HairLine(state.Dpi);
+    const bool contrast = Theme::HighContrast();
+    COLORREF ink = state.Enabled ? Theme::Pick(palette::Ink, COLOR_WINDOWTEXT)
+                                 : Theme::Pick(palette::DisabledText, COLOR_GRAYTEXT);
+    const COLORREF lines = state.Header ? Theme::Pick(palette::FieldBorder, COLOR_WINDOWTEXT)
+                                        : Theme::Pick(palette::Grid, COLOR_WINDOW);
+    RECT ground = place;
+    ground.bottom -= hair;
+    if (state.Header && !contrast && state.Enabled) {
+        VerticalGradient(dc, ground, palette::HeaderTop, palette::HeaderBottom);
+    } else if (state.Selected && !state.Enabled) {
+        FillRectangle(dc, ground, Theme::Pick(palette::SelDisabled, COLOR_WINDOW));
+    } else if (state.Selected && (state.Focused || contrast)) {
+        FillRectangle(dc, ground, Theme::Pick(palette::Sel, COLOR_HIGHLIGHT));
+        ink = Theme::Pick(palette::Card, COLOR_HIGHLIGHTTEXT);
+    } else {
+        const COLORREF plain = state.Enabled ? palette::Card : palette::DisabledGround;
+        FillRectangle(dc, ground, Theme::Pick(state.Selected ? kQuietSelection : plain, COLOR_WINDOW));
+    }
+    FillRectangle(dc, {place.left, place.bottom - hair, place.right, place.bottom}, lines);
+
+    LONG left = place.left;
+    for (int column = 0; column < TwoColumnList::kColumns; ++column) {
+        const LONG right = left + state.Widths[column];
+        RECT text{left + Scaled(kTextLeft, state.Dpi), ground.top, right - hair, ground.bottom};
+        DrawTextIn(dc, state.Font, state.Texts[column], text, ink,
+                   DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+        const COLORREF divider = state.Header ? Theme::Pick(palette::Line, COLOR_WINDOWTEXT) : lines;
+        if (column + 1 < TwoColumnList::kColumns)
+            FillRectangle(dc, {right - hair, ground.top, right, ground.bottom}, divider);
+        left = right;
+    }
+    if (state.Selected && state.Focused && state.Enabled) DottedRectangle(dc, ground, ink, hair);
+}
