@@ -1,0 +1,15 @@
+# The gallery of the controls (tests/gallery): every style and state on sheets. Its sheets
+# are a library, which tests use too.
+file(GLOB gallery_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/tests/gallery/*.cpp")
+list(FILTER gallery_sources EXCLUDE REGEX "/main\\.cpp$")
+add_library(gallery_sheets STATIC ${gallery_sources} "${CMAKE_SOURCE_DIR}/tests/windows/Pixels.cpp")
+target_include_directories(gallery_sheets PUBLIC "${CMAKE_SOURCE_DIR}/tests")
+target_link_libraries(gallery_sheets PUBLIC face)
+
+add_executable(gallery WIN32 "${CMAKE_SOURCE_DIR}/tests/gallery/main.cpp")
+target_link_libraries(gallery PRIVATE gallery_sheets face_resources)
+target_link_options(gallery PRIVATE -municode)
+set_target_properties(gallery PROPERTIES RUNTIME_OUTPUT_DIRECTORY "${CMAKE_BINARY_DIR}")
+if(TARGET windows_gallery)
+  target_link_libraries(windows_gallery PRIVATE gallery_sheets)
+endif()

@@ -1,0 +1,112 @@
+#include "gallery/Sheet.h"
+
+#include "base/Text.h"
+#include "controls/AdvProgressBar.h"
+#include "controls/ComboBox.h"
+#include "controls/Dpi.h"
+#include "controls/Label.h"
+#include "controls/McImageList.h"
+#include "controls/TextBox.h"
+
+#include <algorithm>
+
+namespace gallery {
+namespace {
+
+// Makes a control and joins it to the row of that name.
+template <class Class>
+std::shared_ptr<void> Make(Form& form, std::u16string_view name) {
+    auto control = std::make_shared<Class>();
+    form.Bind(name, *control);
+    return control;
+}
+
+struct Maker {
+    const ControlKind& Kind;
+    std::shared_ptr<void> (*Make)(Form& form, std::u16string_view name);
+};
+// Labels, lines, pictures and frames are made by the form itself.
+const Maker kMakers[] = {
+    {TextBox::kKind, Make<TextBox>},
+    {ComboBox::kKind, Make<ComboBox>},
+    {AdvProgressBar::kKind, Make<AdvProgressBar>},
+    {McImageList::kKind, Make<McImageList>},
+};
+
+const Maker* MakerOf(std::u16string_view kind) {
+    for (const Maker& maker : kMakers) {
+        const auto words = text::Split(maker.Kind.LayoutKinds, u"|");
+        if (std::find(words.begin(), words.end(), kind) != words.end()) return &maker;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+RECT Paper::Place(int left, int top, int width, int height) const {
+    return ToPixels(left * 15, top * 15, width * 15, height * 15, Dpi);
+}
+
+void Paper::Caption(int left, int top, std::u16string_view text) const {
+    DrawLabel(Dc, Place(left, top, 400, 16), {.Caption = text, .Font = Ui.Get()});
+}
+
+void Paper::Heading(int left, int top, std::u16string_view text) const {
+    DrawLabel(Dc, Place(left, top, 400, 16), {.Caption = text, .Font = Strong.Get()});
+}
+
+std::u16string SheetLayout(int width96, int height96) {
+    return u"form\tcontainer\tcontrol\tkind\tleft\ttop\twidth\theight\tcaption\ttab\tproperties\n"
+           u"sheet\t\tsheet\tform\t\t\t" +
+           text::Decimal(width96 * 15) + u"\t" + text::Decimal(height96 * 15) + u"\tGallery\t\t\n";
+}
+
+std::u16string Row(std::u16string_view name, std::u16string_view kind, int left, int top, int width,
+                   int height, std::u16string_view caption, std::u16string_view properties) {
+    std::u16string row = u"sheet\tsheet\t" + std::u16string(name) + u"\t" + std::u16string(kind);
+    for (const int pixels : {left, top, width, height}) row += u"\t" + text::Decimal(pixels * 15);
+    return row + u"\t" + std::u16string(caption) + u"\t\t" + std::u16string(properties) + u"\n";
+}
+
+SheetWindow::SheetWindow(const Sheet& sheet) : m_Sheet(sheet) {
+    for (const LayoutRow& row : ParseLayout(sheet.Layout)) {
+        if (const Maker* maker = MakerOf(row.Kind)) m_Controls.push_back(maker->Make(Window, row.Name));
+    }
+    if (sheet.Draw)
+        Window.PaintGround = [this](HDC dc, const RECT&) { m_Sheet.Draw(Paper(dc, Window.Dpi())); };
+    Window.Create(sheet.Layout);
+    if (sheet.Prepare) sheet.Prepare(Window);
+}
+
+void UseContrastTheme(bool on) {
+    struct Colour {
+        INT Index;
+        COLORREF Value;
+    };
+    constexpr COLORREF kGround = RGB(0x20, 0x20, 0x20), kText = RGB(0xFF, 0xFF, 0xFF),
+                       kAccent = RGB(0x8E, 0xE3, 0xF0), kOnAccent = RGB(0x26, 0x3B, 0x50),
+                       kGrey = RGB(0xA6, 0xA6, 0xA6);
+    static const Colour kTheme[] = {
+        {COLOR_WINDOW, kGround},     {COLOR_WINDOWTEXT, kText},        {COLOR_WINDOWFRAME, kText},
+        {COLOR_BTNFACE, kGround},    {COLOR_BTNTEXT, kText},           {COLOR_BTNSHADOW, kGrey},
+        {COLOR_BTNHIGHLIGHT, kText}, {COLOR_3DDKSHADOW, kText},        {COLOR_3DLIGHT, kGrey},
+        {COLOR_HIGHLIGHT, kAccent},  {COLOR_HIGHLIGHTTEXT, kOnAccent}, {COLOR_HOTLIGHT, kAccent},
+        {COLOR_GRAYTEXT, kGrey},     {COLOR_SCROLLBAR, kGround},       {COLOR_INFOBK, kGround},
+        {COLOR_INFOTEXT, kText},
+    };
+    static std::vector<COLORREF> before;
+    std::vector<INT> indexes;
+    std::vector<COLORREF> values;
+    for (const Colour& colour : kTheme) {
+        if (on && before.size() < std::size(kTheme)) before.push_back(GetSysColor(colour.Index));
+        indexes.push_back(colour.Index);
+        values.push_back(colour.Value);
+    }
+    if (!on) values = before;
+    if (values.empty()) return;
+    Theme::ReplaceHighContrast(on ? [] { return true; } : static_cast<bool (*)()>(nullptr));
+    SetSysColors(static_cast<int>(values.size()), indexes.data(), values.data());
+    for (Form* form : Forms::All()) SendMessageW(form->Base.hWnd(), WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
+}
+
+} // namespace gallery

@@ -1,0 +1,10 @@
+#include "gallery/Sheets.h"
+
+namespace gallery {
+
+const std::vector<Sheet>& Sheets() {
+    static const std::vector<Sheet> sheets = {AllStates(), ProgressBars(), Labels(), Fields(), Surfaces()};
+    return sheets;
+}
+
+} // namespace gallery
