@@ -78,8 +78,7 @@ void DrawFields(const Paper& paper) {
         paper.Heading(12 + column * 128, 9, kStates[column]);
         DrawField(paper, 12 + column * 128, 34, 110, u"- Unicode", column);
     }
-    paper.Caption(
-        12, 74, u"live");
+    paper.Caption(12, 74, u"live");
 }
 
 void PrepareFields(Form& form) {

@@ -2,10 +2,13 @@
 
 #include "base/Text.h"
 #include "controls/AdvProgressBar.h"
+#include "controls/CheckBox.h"
 #include "controls/ComboBox.h"
 #include "controls/Dpi.h"
 #include "controls/Label.h"
 #include "controls/McImageList.h"
+#include "controls/OptionButtonC.h"
+#include "controls/TavrelButton.h"
 #include "controls/TextBox.h"
 
 #include <algorithm>
@@ -21,6 +24,17 @@ std::shared_ptr<void> Make(Form& form, std::u16string_view name) {
     return control;
 }
 
+// The options of an array clear each other.
+template <std::size_t Count>
+std::shared_ptr<void> MakeOptions(Form& form, std::u16string_view name) {
+    struct Options {
+        OptionButtonC All[Count];
+    };
+    auto options = std::make_shared<Options>();
+    form.Bind(name, options->All);
+    return options;
+}
+
 struct Maker {
     const ControlKind& Kind;
     std::shared_ptr<void> (*Make)(Form& form, std::u16string_view name);
@@ -29,6 +43,8 @@ struct Maker {
 const Maker kMakers[] = {
     {TextBox::kKind, Make<TextBox>},
     {ComboBox::kKind, Make<ComboBox>},
+    {TavrelButton::kKind, Make<TavrelButton>},
+    {CheckBox::kKind, Make<CheckBox>},
     {AdvProgressBar::kKind, Make<AdvProgressBar>},
     {McImageList::kKind, Make<McImageList>},
 };
@@ -70,7 +86,11 @@ std::u16string Row(std::u16string_view name, std::u16string_view kind, int left,
 
 SheetWindow::SheetWindow(const Sheet& sheet) : m_Sheet(sheet) {
     for (const LayoutRow& row : ParseLayout(sheet.Layout)) {
-        if (const Maker* maker = MakerOf(row.Kind)) m_Controls.push_back(maker->Make(Window, row.Name));
+        if (row.Index == 0 && row.Kind == OptionButtonC::kKind.LayoutKinds)
+            m_Controls.push_back(
+                (row.Name == u"OptionTask" ? MakeOptions<5> : MakeOptions<2>)(Window, row.Name));
+        else if (const Maker* maker = MakerOf(row.Kind))
+            m_Controls.push_back(maker->Make(Window, row.Name));
     }
     if (sheet.Draw)
         Window.PaintGround = [this](HDC dc, const RECT&) { m_Sheet.Draw(Paper(dc, Window.Dpi())); };

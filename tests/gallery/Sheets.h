@@ -5,6 +5,8 @@
 
 namespace gallery {
 Sheet AllStates();
+Sheet Buttons();
+Sheet Toggles();
 Sheet ProgressBars();
 Sheet Labels();
 Sheet Fields();

@@ -6,6 +6,67 @@
 
 namespace gallery {
 
+TavrelButtonState PrimaryButton(const Paper& paper, std::u16string_view caption) {
+    return {.Caption = caption,
+            .Font = paper.Strong.Get(),
+            .BackColor = palette::PrimaryBack,
+            .ForeColor = palette::Card,
+            .XPDefaultColors = false,
+            .XPColor_Pressed = palette::FocusPrimary,
+            .XPColor_Hover = palette::HoverPrimary};
+}
+
+TavrelButtonState NeutralButton(const Paper& paper, std::u16string_view caption) {
+    return {.Caption = caption,
+            .Font = paper.Ui.Get(),
+            .BackColor = palette::NeutralBack,
+            .ForeColor = palette::Ink,
+            .XPDefaultColors = false,
+            .XPColor_Pressed = palette::FocusNeutral,
+            .XPColor_Hover = palette::HoverNeutral};
+}
+
+TavrelButtonState FlatButton(const Paper& paper, std::u16string_view caption) {
+    return {.Caption = caption,
+            .Font = paper.Strong.Get(),
+            .ButtonStyle = kStyleFlat,
+            .BackColor = palette::Card,
+            .ForeColor = palette::Ink};
+}
+
+TavrelButtonState LinkButton(const Paper& paper, std::u16string_view caption) {
+    return {.Caption = caption,
+            .Font = paper.Ui.Get(),
+            .ButtonStyle = kStyleNone,
+            .ForeColor = palette::Link,
+            .TransparentBG = true};
+}
+
+void DrawButton(const Paper& paper, int left, int top, int width, int height, TavrelButtonState look,
+                int column) {
+    look.Hovering = column == kHover || column == kPressed;
+    look.Pressed = column == kPressed;
+    look.Focused = column == kFocused;
+    look.Enabled = column != kDisabled;
+    if (!look.Enabled && look.BackColor == palette::PrimaryBack) look.BackColor = palette::NeutralBack;
+    look.Dpi = paper.Dpi;
+    DrawTavrelButton(paper.Dc, paper.Place(left, top, width, height), look);
+}
+
+void DrawToggleIn(const Paper& paper, int left, int top, ToggleKind kind, int value, int column) {
+    DrawToggle(paper.Dc, paper.Place(left, top, 110, 22),
+               {.Kind = kind,
+                .Value = value,
+                .Caption = u"Caption",
+                .Font = paper.Ui.Get(),
+                .ForeColor = palette::Ink,
+                .Enabled = column != kDisabled,
+                .Hovering = column == kHover || column == kPressed,
+                .Pressed = column == kPressed,
+                .Focused = column == kFocused,
+                .Dpi = paper.Dpi});
+}
+
 void DrawField(const Paper& paper, int left, int top, int width, std::u16string_view text, int column) {
     const bool enabled = column != kDisabled;
     FieldFrame::Draw(paper.Dc, paper.Place(left, top, width, 24), paper.Dpi,
