@@ -9,8 +9,7 @@ namespace gallery {
 namespace {
 
 void DrawButtons(const Paper& paper) {
-    const Picture paste = Picture::FromResource(u"paste"),
-                  options = Picture::FromResource(u"tool-options"),
+    const Picture paste = Picture::FromResource(u"paste"), options = Picture::FromResource(u"tool-options"),
                   pin = Picture::FromResource(u"pin-open"), pinned = Picture::FromResource(u"pin-closed");
     const auto row = [&](int top, int height, int width, std::u16string_view title,
                          const TavrelButtonState& look) {
@@ -61,19 +60,12 @@ void DrawButtons(const Paper& paper) {
 }
 
 std::u16string ButtonRows() {
-    constexpr std::u16string_view kNeutral =
-        u"ButtonStyle=3; BackColor=NeutralBack; ForeColor=Ink; XPDefaultColors=no; "
-        u"XPColor_Hover=HoverNeutral; XPColor_Pressed=FocusNeutral";
-    const std::u16string neutral(kNeutral);
-    return Row(u"Primary", u"TavrelButton", 190, 486, 106, 30, u"&Convert",
-               u"ButtonStyle=3; BackColor=PrimaryBack; ForeColor=Card; XPDefaultColors=no; "
-               u"XPColor_Hover=HoverPrimary; XPColor_Pressed=FocusPrimary; Font=Strong") +
-           Row(u"Neutral", u"TavrelButton", 308, 486, 106, 30, u"Go &Back", neutral) +
-           Row(u"Off", u"TavrelButton", 426, 486, 106, 30, u"Save &As...", neutral + u"; Enabled=no") +
+    return Row(u"Primary", u"TavrelButton", 190, 486, 106, 30, u"&Convert", u"Style=3; Primary=yes") +
+           Row(u"Neutral", u"TavrelButton", 308, 486, 106, 30, u"Go &Back", u"Style=3") +
+           Row(u"Off", u"TavrelButton", 426, 486, 106, 30, u"Save &As...", u"Style=3; Enabled=no") +
            Row(u"Close", u"TavrelButton", 544, 486, 28, 24, u"X",
-               u"ButtonStyle=1; ForeColor=Ink; BackColor=Card; AccessibleName=Close") +
-           Row(u"Link", u"TavrelButton", 590, 486, 180, 24, u"More software",
-               u"ButtonStyle=4; ForeColor=Link");
+               u"Style=1; BackColor=Card; AccessibleName=Close") +
+           Row(u"Link", u"TavrelButton", 590, 486, 180, 24, u"More software", u"Style=4");
 }
 
 void DrawToggles(const Paper& paper) {

@@ -5,9 +5,12 @@
 #include "controls/CheckBox.h"
 #include "controls/ComboBox.h"
 #include "controls/Dpi.h"
+#include "controls/FontCombo.h"
 #include "controls/Label.h"
 #include "controls/McImageList.h"
 #include "controls/OptionButtonC.h"
+#include "controls/PasteBox.h"
+#include "controls/ResultBox.h"
 #include "controls/TavrelButton.h"
 #include "controls/TextBox.h"
 
@@ -41,11 +44,10 @@ struct Maker {
 };
 // Labels, lines, pictures and frames are made by the form itself.
 const Maker kMakers[] = {
-    {TextBox::kKind, Make<TextBox>},
-    {ComboBox::kKind, Make<ComboBox>},
-    {TavrelButton::kKind, Make<TavrelButton>},
-    {CheckBox::kKind, Make<CheckBox>},
-    {AdvProgressBar::kKind, Make<AdvProgressBar>},
+    {TextBox::kKind, Make<TextBox>},           {ComboBox::kKind, Make<ComboBox>},
+    {TavrelButton::kKind, Make<TavrelButton>}, {CheckBox::kKind, Make<CheckBox>},
+    {PasteBox::kKind, Make<PasteBox>},         {ResultBox::kKind, Make<ResultBox>},
+    {FontCombo::kKind, Make<FontCombo>},       {AdvProgressBar::kKind, Make<AdvProgressBar>},
     {McImageList::kKind, Make<McImageList>},
 };
 

@@ -3,8 +3,8 @@
 namespace gallery {
 
 const std::vector<Sheet>& Sheets() {
-    static const std::vector<Sheet> sheets = {AllStates(), Buttons(), Toggles(), ProgressBars(),
-                                              Labels(),    Fields(),  Surfaces()};
+    static const std::vector<Sheet> sheets = {AllStates(), Buttons(),  Toggles(),   ProgressBars(), Labels(),
+                                              Fields(),    Surfaces(), TextBoxes(), FontLists()};
     return sheets;
 }
 

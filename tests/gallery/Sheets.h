@@ -11,4 +11,6 @@ Sheet ProgressBars();
 Sheet Labels();
 Sheet Fields();
 Sheet Surfaces();
+Sheet TextBoxes();
+Sheet FontLists();
 } // namespace gallery
