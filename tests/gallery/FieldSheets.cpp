@@ -12,7 +12,7 @@ constexpr const char16_t* kLegacy = u"Avgvi †mvbvi evsjv,\r\nAvwg †Zvgvq fv�
 constexpr const char16_t* kBangla = u"আমার সোনার বাংলা,\r\nআমি তোমায় ভালোবাসি।\r\nচিরদিন তোমার আকাশ,";
 
 void DrawTextBoxes(const Paper& paper) {
-    paper.Heading(12, 9, u"paste box, focused");
+    paper.Heading(12, 9, u"paste box");
     paper.Heading(271, 9, u"result box");
     paper.Heading(12, 184, u"locked");
     paper.Heading(271, 184, u"disabled");
@@ -35,7 +35,6 @@ void PrepareTextBoxes(Form& form) {
     ResultBox& result = Live<ResultBox>(form, u"Result");
     result.Base.Font(bangla);
     result.Text(kBangla);
-    result.Base.TabIndex(9);
 }
 
 void DrawFontEntries(const Paper& paper) {
