@@ -69,7 +69,7 @@ TEST(Soak, FormsLeaveNothingBehind) {
     };
     live(5); // what is made once and kept
     const int before = objects(), windows = gui::Windows();
-    for (int i = 0; i < 30; ++i) live(10); // seven windows each
+    for (int i = 0; i < 10; ++i) live(10); // seven windows each
     EXPECT_LE(objects(), before + 5);
     EXPECT_EQ(gui::Windows(), windows);
     EXPECT_FALSE(EventFrame::Ending());
