@@ -118,7 +118,9 @@ inline char16_t* Machine::Rearrange(char16_t* out, const char16_t* program) {
     char16_t old[Segments::kMostUnits];
     const std::size_t taken = program[0], put = program[1];
     out -= taken;
-    std::memcpy(old, out, taken * sizeof(char16_t));
+    // Nearly always a few units: one copy of known length, whose end does not matter.
+    std::memcpy(old, out, kStep * sizeof(char16_t));
+    if (taken > kStep) std::memcpy(old, out, taken * sizeof(char16_t));
     for (const char16_t* item = program + 2; item < program + 2 + put; ++item) {
         const unsigned place = *item - unsigned{Segments::kPlace};
         *out++ = place < Segments::kMostUnits ? old[place] : *item;
@@ -150,7 +152,7 @@ std::uint32_t Machine::Run(std::uint32_t state, const Unit* text, std::size_t le
             std::memcpy(out, from, kStep * sizeof(char16_t));
             std::size_t units = slot->length;
             state = slot->next;
-            if (units > kStep || sizeof(Unit) == 2) [[unlikely]] {
+            if (units > kStep || (sizeof(Unit) == 2 && number == Alphabet::kForeign)) [[unlikely]] {
                 const bool rearranges = units & kRearranges;
                 units &= ~std::size_t{kRearranges};
                 if (units > kStep) std::memcpy(out, from, units * sizeof(char16_t));

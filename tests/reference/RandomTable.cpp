@@ -87,6 +87,7 @@ RandomCase MakeRandomCase(Random& random) {
         input += Pick(random, kBangla, 6) + table.reph + table.yaPhala + (random.OneIn(3) ? u"\u4E00" : u"");
     alphabet = input + Pick(random, kBangla, 6) + table.reph + table.yaPhala;
     if (random.OneIn(8)) alphabet += u'\0';
+    if (random.OneIn(8)) alphabet += std::u16string{0xD83D, 0xDE00, 0xDE00};
 
     for (std::size_t n = random.Below(random.OneIn(4) ? 17 : 6); n > 0; --n)
         table.rules.push_back(MakeRule(random, table, alphabet));

@@ -84,6 +84,26 @@ TEST(ConvertLines, StopsAtTheStartOfTheFailingLine) {
     EXPECT_EQ(Hex(u"\u0995\n"), Hex(result.text));
 }
 
+TEST(ConvertLines, FailingLinesOfALargeBlockAreCountedFromItsStart) {
+    std::string block;
+    std::vector<std::size_t> failing;
+    for (std::size_t line = 1; line <= 60000; ++line) {
+        const bool fails = line % 14999 == 0;
+        if (fails) failing.push_back(line);
+        block += fails ? "a^ka\r\n" : "kaka k\r\n";
+    }
+    for (const LineEnd cut : {LineEnd::Lf, LineEnd::CrLf}) {
+        const Result result = ConvertBlock(std::string_view(block), cut);
+        EXPECT_EQ(block.size(), result.consumed);
+        ASSERT_EQ(failing.size(), result.failures.size());
+        for (std::size_t i = 0; i < failing.size(); ++i) EXPECT_EQ(failing[i], result.failures[i].Line);
+    }
+    const Result stopped = ConvertBlock(std::string_view(block), LineEnd::Lf, false);
+    ASSERT_EQ(1u, stopped.failures.size());
+    EXPECT_EQ(14998u * 8, stopped.consumed);
+    EXPECT_EQ(14998u * 8, stopped.text.size());
+}
+
 TEST(ConvertLines, FailuresOfTheTableAreRaised) {
     clsConvert converter;
     OutputBuffer output;
