@@ -13,6 +13,7 @@
 #include "controls/ResultBox.h"
 #include "controls/TavrelButton.h"
 #include "controls/TextBox.h"
+#include "controls/TwoColumnList.h"
 
 #include <algorithm>
 
@@ -44,10 +45,15 @@ struct Maker {
 };
 // Labels, lines, pictures and frames are made by the form itself.
 const Maker kMakers[] = {
-    {TextBox::kKind, Make<TextBox>},           {ComboBox::kKind, Make<ComboBox>},
-    {TavrelButton::kKind, Make<TavrelButton>}, {CheckBox::kKind, Make<CheckBox>},
-    {PasteBox::kKind, Make<PasteBox>},         {ResultBox::kKind, Make<ResultBox>},
-    {FontCombo::kKind, Make<FontCombo>},       {AdvProgressBar::kKind, Make<AdvProgressBar>},
+    {TextBox::kKind, Make<TextBox>},
+    {ComboBox::kKind, Make<ComboBox>},
+    {TavrelButton::kKind, Make<TavrelButton>},
+    {CheckBox::kKind, Make<CheckBox>},
+    {PasteBox::kKind, Make<PasteBox>},
+    {ResultBox::kKind, Make<ResultBox>},
+    {FontCombo::kKind, Make<FontCombo>},
+    {TwoColumnList::kKind, Make<TwoColumnList>},
+    {AdvProgressBar::kKind, Make<AdvProgressBar>},
     {McImageList::kKind, Make<McImageList>},
 };
 

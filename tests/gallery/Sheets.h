@@ -13,4 +13,5 @@ Sheet Fields();
 Sheet Surfaces();
 Sheet TextBoxes();
 Sheet FontLists();
+Sheet Tables();
 } // namespace gallery
