@@ -30,7 +30,6 @@ const ControlKind CheckBox::kKind{
     .LayoutKinds = u"CheckBox",
     .Focusable = true,
     .Transparent = true,
-    .Created = Entry<&CheckBox::OnCreated>::Call,
     .Property = Entry<&CheckBox::OnProperty>::Call,
     .Paint = Entry<&CheckBox::OnPaint>::Call,
     .Message = Entry<&CheckBox::OnMessage>::Call,

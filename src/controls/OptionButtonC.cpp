@@ -37,7 +37,6 @@ const ControlKind OptionButtonC::kKind{
     .LayoutKinds = u"OptionButtonC",
     .Focusable = true,
     .Transparent = true,
-    .Created = Entry<&OptionButtonC::OnCreated>::Call,
     .Property = Entry<&OptionButtonC::OnProperty>::Call,
     .Paint = Entry<&OptionButtonC::OnPaint>::Call,
     .Message = Entry<&OptionButtonC::OnMessage>::Call,

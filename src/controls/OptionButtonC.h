@@ -29,7 +29,6 @@ public:
     std::function<void()> Click;
 
 private:
-    void OnCreated() { m_ForeColor = palette::Ink; }
     bool OnProperty(std::u16string_view name, std::u16string_view value);
     void OnPaint(HDC dc, const RECT& client) { DrawToggle(dc, client, State()); }
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);

@@ -11,7 +11,7 @@
 class Picture {
 public:
     Picture() = default;
-    // The picture of that name among the program's resources ("paste-16"). Raises failure
+    // The picture of that name among the program's resources ("paste"). Raises failure
     // 13 where there is none or it is damaged.
     static Picture FromResource(std::u16string_view name);
     // From the file form that tools/make-pictures.py writes. Raises failure 13 where a size

@@ -51,19 +51,13 @@ void TavrelButton::OnCreated() {
     ShapeWindow();
 }
 
-// "Style" dresses the button as the design has it; "ButtonStyle" sets that property alone.
 bool TavrelButton::OnProperty(std::u16string_view name, std::u16string_view value) {
-    if (name == u"Style") {
-        ButtonStyle(ParseNumber(value));
-        DressForStyle();
-    } else if (name == u"Primary") {
+    if (name == u"Primary") {
         Primary(ParseYesNo(value));
     } else if (name == u"Picture") {
         Picture(::Picture::FromResource(value));
-        PictureSize(kSizeAsLoaded);
     } else if (name == u"BackColor") {
         BackColor(ParseColour(value));
-        TransparentBG(false);
     } else if (name == u"ButtonStyle") {
         ButtonStyle(ParseNumber(value));
     } else if (name == u"ForeColor") {
@@ -128,12 +122,6 @@ void TavrelButton::Dress() {
     XPColor_Hover(filled ? palette::HoverPrimary : palette::HoverNeutral);
     XPColor_Pressed(filled ? palette::FocusPrimary : palette::FocusNeutral);
     XPDefaultColors(false);
-}
-
-void TavrelButton::DressForStyle() {
-    if (m_Look.ButtonStyle == kStyleXP) return Dress();
-    TransparentBG(true);
-    ForeColor(m_Look.ButtonStyle == kStyleNone ? palette::Link : palette::Ink);
 }
 
 void TavrelButton::OnPaint(HDC dc, const RECT& client) {

@@ -11,9 +11,9 @@
 enum { kStyleFlat = 1, kStyleXP = 3, kStyleNone = 4 };
 // Values of PicturePosition: the side of the caption on which the picture stands.
 enum { kPictureAbove = 0, kPictureLeft = 1, kPictureRight = 2, kPictureBelow = 3 };
-// Values of PictureSize: as the picture comes, 32 by 32, 16 by 16, or PictureWidth by
-// PictureHeight; in pixels of 96 DPI.
-enum { kSizeAsLoaded = 0, kSizeLarge = 1, kSizeSmall = 2, kSizeOwn = 3 };
+// Values of PictureSize: as the picture comes, PictureWidth by PictureHeight, 16 by 16, or 32
+// by 32; in pixels of 96 DPI.
+enum { kSizeAsLoaded = 0, kSizeOwn = 1, kSizeSmall = 2, kSizeLarge = 3 };
 
 // The look of a button, which the gallery draws too.
 struct TavrelButtonState {
@@ -31,8 +31,8 @@ struct TavrelButtonState {
     bool Enabled = true, Hovering = false, Pressed = false, Focused = false;
     int Dpi = 96;
 };
-// Style 3 leaves its cut corners alone; with TransparentBG the flat styles draw on what is
-// there already.
+// Style 3 leaves its cut corners alone; the flat styles draw on what is there already, with
+// TransparentBG or the BackColor kButtonFace.
 void DrawTavrelButton(HDC dc, const RECT& place, const TavrelButtonState& state);
 // Red and green gain delta, blue its own share blue * delta / 192; each is kept within 0 to 255.
 COLORREF OffsetColour(COLORREF colour, int delta);
@@ -55,7 +55,8 @@ public:
     void BackColor(OleColour colour) { Set(m_Look.BackColor, colour); }
     OleColour ForeColor() const { return m_Look.ForeColor; }
     void ForeColor(OleColour colour) { Set(m_Look.ForeColor, colour); }
-    // The flat styles stand on their container's ground instead of BackColor.
+    // The flat styles stand on their container's ground: so they do anyway while BackColor is
+    // kButtonFace, as it comes.
     bool TransparentBG() const { return m_Look.TransparentBG; }
     void TransparentBG(bool transparent) { Set(m_Look.TransparentBG, transparent); }
     bool ShowFocusRect() const { return m_Look.ShowFocusRect; }
@@ -91,7 +92,8 @@ public:
     bool DefCurHand() const { return m_DefCurHand; }
     void DefCurHand(bool hand) { m_DefCurHand = hand; }
 
-    // The main action of a view: the filled colours of the design, neutral while disabled.
+    // The main action of a view: the design's filled colours and strong font, neutral while
+    // disabled. Sets ForeColor, BackColor and the frame colours.
     bool Primary() const { return m_Primary; }
     void Primary(bool primary);
 
@@ -122,7 +124,6 @@ private:
     void OnPaint(HDC dc, const RECT& client);
     void OnChanged(Change what);
     void Dress();
-    void DressForStyle();
     void ShapeWindow();
     void KeepLeastSize();
 
@@ -143,7 +144,7 @@ private:
 
     TavrelButtonState m_Look; // without the states that come and go
     ::Picture m_Picture;
-    int m_PictureSize = kSizeLarge, m_PictureWidth = 32, m_PictureHeight = 32;
+    int m_PictureSize = kSizeOwn, m_PictureWidth = 32, m_PictureHeight = 32;
     std::u16string m_SoundOver, m_SoundClick;
     bool m_DefCurHand = true, m_Primary = false;
 

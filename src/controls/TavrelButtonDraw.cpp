@@ -108,8 +108,13 @@ void DrawXP(HDC dc, const RECT& place, const TavrelButtonState& state) {
     DrawOutline(dc, place, dark, dark, dpi);
 }
 
+// The flat styles stand on their container.
+bool StandsOnGround(const TavrelButtonState& state) {
+    return state.ButtonStyle != kStyleXP && (state.TransparentBG || state.BackColor == kButtonFace);
+}
+
 void DrawFlat(HDC dc, const RECT& place, const TavrelButtonState& state) {
-    if (!state.TransparentBG) FillRectangle(dc, place, Resolve(state.BackColor));
+    if (!StandsOnGround(state)) FillRectangle(dc, place, Resolve(state.BackColor));
     if (state.ButtonStyle == kStyleNone || !state.Enabled || !(state.Pressed || state.Hovering)) return;
     const int line = HairLine(state.Dpi);
     const COLORREF light = RGB(255, 255, 255), shade = palette::RaisedShadow;
@@ -132,7 +137,7 @@ void DrawContrast(HDC dc, const RECT& place, const TavrelButtonState& state) {
         DrawOutline(dc, place, edge, edge, state.Dpi);
         return;
     }
-    if (pressed || !state.TransparentBG) FillRectangle(dc, place, fill);
+    if (pressed || !StandsOnGround(state)) FillRectangle(dc, place, fill);
     if (pressed || (state.Enabled && state.Hovering && state.ButtonStyle == kStyleFlat))
         FrameRectangle(dc, place, GetSysColor(COLOR_BTNTEXT), HairLine(state.Dpi));
 }
@@ -142,7 +147,7 @@ COLORREF CaptionColour(const TavrelButtonState& state) {
     if (!state.Enabled) return GetSysColor(COLOR_GRAYTEXT);
     if (state.ButtonStyle == kStyleNone) return GetSysColor(COLOR_HOTLIGHT);
     if (state.Pressed) return GetSysColor(COLOR_HIGHLIGHTTEXT);
-    return GetSysColor(state.TransparentBG ? COLOR_WINDOWTEXT : COLOR_BTNTEXT);
+    return GetSysColor(StandsOnGround(state) ? COLOR_WINDOWTEXT : COLOR_BTNTEXT);
 }
 
 struct Placed {

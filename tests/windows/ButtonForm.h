@@ -15,14 +15,18 @@ namespace gui {
 
 constexpr std::u16string_view kButtonLayout =
     u"form\n"
+    u"f\t\tneutral\tset\t\t\t\t\t\t\tButtonStyle=3; BackColor=NeutralBack; ForeColor=Ink; "
+    u"XPDefaultColors=no; "
+    u"XPColor_Hover=HoverNeutral; XPColor_Pressed=FocusNeutral\n"
     u"f\t\tfrmButtons\tform\t\t\t6000\t4500\tButtons\t\t\n"
-    u"f\tfrmButtons\tBack\tTavrelButton\t150\t150\t1500\t450\tGo &Back\t1\tStyle=3\n"
-    u"f\tfrmButtons\tMain\tTavrelButton\t1800\t150\t1500\t450\t&Convert\t2\tStyle=3; Primary=yes\n"
-    u"f\tfrmButtons\tTools\tTavrelButton\t150\t900\t540\t540\t\t3\tStyle=1; Picture=tool-options; "
-    u"ToolTipText=Tools and Options\n"
-    u"f\tfrmButtons\tCloser\tTavrelButton\t900\t900\t420\t360\tX\t4\tStyle=1; BackColor=Card; "
+    u"f\tfrmButtons\tBack\tTavrelButton\t150\t150\t1500\t450\tGo &Back\t1\tUse=neutral\n"
+    u"f\tfrmButtons\tMain\tTavrelButton\t1800\t150\t1500\t450\t&Convert\t2\tButtonStyle=3; Primary=yes\n"
+    u"f\tfrmButtons\tTools\tTavrelButton\t150\t900\t540\t540\t\t3\tButtonStyle=1; Picture=tool-options; "
+    u"PictureWidth=24; PictureHeight=24; ToolTipText=Tools and Options\n"
+    u"f\tfrmButtons\tCloser\tTavrelButton\t900\t900\t420\t360\tX\t4\tButtonStyle=1; BackColor=Card; "
     u"AccessibleName=Close\n"
-    u"f\tfrmButtons\tMore\tTavrelButton\t1800\t900\t2250\t300\tMore software\t5\tStyle=4\n"
+    u"f\tfrmButtons\tMore\tTavrelButton\t1800\t900\t2250\t300\tMore software\t5\tButtonStyle=4; "
+    u"ForeColor=Link\n"
     u"f\tfrmButtons\tPlain\tTavrelButton\t150\t1650\t1500\t450\tPlain\t6\t\n"
     u"f\tfrmButtons\tText\ttext\t150\t2400\t1500\t360\t\t7\tAccessibleName=Text\n";
 

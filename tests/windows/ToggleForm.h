@@ -16,7 +16,7 @@ namespace gui {
 constexpr std::u16string_view kToggleLayout =
     u"form\n"
     u"f\t\tfrmToggles\tform\t\t\t6000\t4500\tToggles\t\t\n"
-    u"f\tfrmToggles\tReady\tCheckBox\t150\t150\t1800\t330\tI am &ready\t1\t\n"
+    u"f\tfrmToggles\tReady\tCheckBox\t150\t150\t1800\t330\tI am &ready\t1\tForeColor=Brand\n"
     u"f\tfrmToggles\tGrey\tCheckBox\t2100\t150\t1800\t330\tAll\t2\tValue=2\n"
     u"f\tfrmToggles\tTask(0)\tOptionButtonC\t150\t600\t2250\t330\tPaste\t3\tValue=yes\n"
     u"f\tfrmToggles\tTask(1)\tOptionButtonC\t150\t1050\t2250\t510\tConvert my plain text files to "

@@ -184,6 +184,8 @@ TEST_F(ButtonLook, TransparentOnesDrawOnWhatIsThere) {
     TavrelButtonState state = FlatOn(RGB(200, 210, 220));
     state.TransparentBG = true;
     EXPECT_EQ(Draw(40, 20, state).Count(kMagenta), 800);
+    state = FlatOn(kButtonFace); // the face of a form is what its ground shows
+    EXPECT_EQ(Draw(40, 20, state).Count(kMagenta), 800);
 }
 
 TEST_F(ButtonLook, TheFocusRectangleIsInsetByFourButNotInStyle3) {

@@ -198,13 +198,13 @@ TEST_F(ButtonStates, SettingAPropertyRepaintsWithIt) {
         changes("Caption", [&] { plain.Caption(u"Other"); });
         changes("Font", [&] { plain.Base.Font({u"Tahoma", 12, true, false}); });
         changes("absent font", [&] { plain.Base.Font({u"No Such Face", 7, false, false}); });
-        changes("Picture", [&] { plain.Picture(RedSquare(16)); });
-        changes("PictureSize", [&] { plain.PictureSize(kSizeSmall); });
+        changes("Picture", [&] { plain.Picture(RedSquare(20)); });
         changes("PicturePosition", [&] { plain.PicturePosition(kPictureRight); });
-        changes("PictureSize", [&] { plain.PictureSize(kSizeOwn); });
         changes("PictureWidth", [&] { plain.PictureWidth(5); });
         changes("PictureHeight", [&] { plain.PictureHeight(5); });
-        changes("PictureSize", [&] { plain.PictureSize(kSizeAsLoaded); });
+        changes("PictureSize as loaded", [&] { plain.PictureSize(kSizeAsLoaded); });
+        changes("PictureSize large", [&] { plain.PictureSize(kSizeLarge); });
+        changes("PictureSize small", [&] { plain.PictureSize(kSizeSmall); });
         plain.Base.SetFocus();
         changes("XPDefaultColors", [&] { plain.XPDefaultColors(false); });
         changes("XPColor_Pressed", [&] { plain.XPColor_Pressed(RGB(1, 2, 3)); });

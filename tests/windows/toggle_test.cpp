@@ -321,7 +321,7 @@ TEST_F(Toggle, DefaultsAreTheClasss) {
     EXPECT_FALSE(option.Value());
     EXPECT_EQ(option.ForeColor(), 0u);
     EXPECT_EQ(option.BackColor(), 0x8000000Fu);
-    EXPECT_EQ(m_Shown->Ready->ForeColor(), palette::Ink); // a layout gives the design's
+    EXPECT_EQ(m_Shown->Ready->ForeColor(), palette::Brand); // from the layout
 }
 
 TEST_F(Toggle, CheckBoxesAreToldToScreenReaders) {
