@@ -104,7 +104,7 @@ void TavrelButton::PicturePosition(int side) {
 }
 
 void TavrelButton::PictureSize(int mode) {
-    Set(m_PictureSize, Within(mode, kSizeAsLoaded, kSizeOwn, Base));
+    Set(m_PictureSize, Within(mode, kSizeAsLoaded, kSizeLarge, Base));
 }
 
 void TavrelButton::Primary(bool primary) {

@@ -184,38 +184,40 @@ TEST_F(ButtonStates, APrimaryButtonIsNeutralWhileDisabled) {
 // Each property is seen.
 TEST_F(ButtonStates, SettingAPropertyRepaintsWithIt) {
     TavrelButton& plain = m_Shown->Plain;
-    m_Ui.Run([&] {
-        const auto changes = [&](const char* name, const std::function<void()>& set) {
+    const auto changes = [&](const char* name, const std::function<void()>& set) {
+        m_Ui.Run([&] {
             const gui::Pixels before = gui::ClientOf(plain.Base.hWnd());
             UpdateWindow(plain.Base.hWnd());
             EXPECT_FALSE(GetUpdateRect(plain.Base.hWnd(), nullptr, FALSE)) << name;
             set();
             EXPECT_TRUE(GetUpdateRect(plain.Base.hWnd(), nullptr, FALSE)) << name;
             EXPECT_FALSE(gui::ClientOf(plain.Base.hWnd()) == before) << name;
-        };
-        changes("BackColor", [&] { plain.BackColor(RGB(100, 150, 200)); });
-        changes("ForeColor", [&] { plain.ForeColor(RGB(200, 0, 0)); });
-        changes("Caption", [&] { plain.Caption(u"Other"); });
-        changes("Font", [&] { plain.Base.Font({u"Tahoma", 12, true, false}); });
-        changes("absent font", [&] { plain.Base.Font({u"No Such Face", 7, false, false}); });
-        changes("Picture", [&] { plain.Picture(RedSquare(20)); });
-        changes("PicturePosition", [&] { plain.PicturePosition(kPictureRight); });
-        changes("PictureWidth", [&] { plain.PictureWidth(5); });
-        changes("PictureHeight", [&] { plain.PictureHeight(5); });
-        changes("PictureSize as loaded", [&] { plain.PictureSize(kSizeAsLoaded); });
-        changes("PictureSize large", [&] { plain.PictureSize(kSizeLarge); });
-        changes("PictureSize small", [&] { plain.PictureSize(kSizeSmall); });
-        plain.Base.SetFocus();
-        changes("XPDefaultColors", [&] { plain.XPDefaultColors(false); });
-        changes("XPColor_Pressed", [&] { plain.XPColor_Pressed(RGB(1, 2, 3)); });
-        changes("ButtonStyle", [&] { plain.ButtonStyle(kStyleFlat); });
-        changes("ShowFocusRect", [&] { plain.ShowFocusRect(false); });
-        changes("TransparentBG", [&] { plain.TransparentBG(true); });
+        });
+    };
+    changes("BackColor", [&] { plain.BackColor(RGB(100, 150, 200)); });
+    changes("ForeColor", [&] { plain.ForeColor(RGB(200, 0, 0)); });
+    changes("Caption", [&] { plain.Caption(u"Other"); });
+    changes("Font", [&] { plain.Base.Font({u"Tahoma", 12, true, false}); });
+    changes("absent font", [&] { plain.Base.Font({u"No Such Face", 7, false, false}); });
+    changes("Picture", [&] { plain.Picture(RedSquare(20)); });
+    changes("PicturePosition", [&] { plain.PicturePosition(kPictureRight); });
+    changes("PictureWidth", [&] { plain.PictureWidth(5); });
+    changes("PictureHeight", [&] { plain.PictureHeight(5); });
+    changes("PictureSize as loaded", [&] { plain.PictureSize(kSizeAsLoaded); });
+    changes("PictureSize large", [&] { plain.PictureSize(kSizeLarge); });
+    changes("PictureSize small", [&] { plain.PictureSize(kSizeSmall); });
+    m_Ui.Run([&] { plain.Base.SetFocus(); });
+    changes("XPDefaultColors", [&] { plain.XPDefaultColors(false); });
+    changes("XPColor_Pressed", [&] { plain.XPColor_Pressed(RGB(1, 2, 3)); });
+    changes("ButtonStyle", [&] { plain.ButtonStyle(kStyleFlat); });
+    changes("ShowFocusRect", [&] { plain.ShowFocusRect(false); });
+    changes("TransparentBG", [&] { plain.TransparentBG(true); });
+    m_Ui.Run([&] {
         m_Shown->Text.Base.SetFocus();
         plain.ButtonStyle(kStyleXP);
-        SendMessageW(plain.Base.hWnd(), WM_MOUSEMOVE, 0, MAKELPARAM(5, 5));
-        changes("XPColor_Hover", [&] { plain.XPColor_Hover(RGB(1, 2, 3)); });
     });
+    Enter(plain);
+    changes("XPColor_Hover", [&] { plain.XPColor_Hover(RGB(1, 2, 3)); });
 }
 
 TEST_F(ButtonStates, PaintsOnceForEachChangeAndNeverOnErase) {
