@@ -3,7 +3,7 @@
 // that gives the same text is told at each pass. Positions are 0-based but in ResolveReph.
 //
 // Tested by tests/unit/engine/Passes_test.cpp, Exhaustive_test.cpp, Differential_test.cpp and
-// Growth_test.cpp.
+// HostileLines_test.cpp.
 
 #include "engine/LinearPasses.h"
 

@@ -1,5 +1,6 @@
 // The passes one by one, with the reph marker U+E001 and the ya-phala marker U+E002.
 
+#include "engine/LinearPasses.h"
 #include "engine/LiteralPasses.h"
 
 #include "EngineTesting.h"
@@ -212,6 +213,36 @@ TEST(Passes, WorkedExampleStageByStage) {
     EXPECT_EQ(Hex(kStages[5]), Hex(line));
     literal::ComposeSplitKars(line);
     EXPECT_EQ(Hex(kStages[6]), Hex(line));
+}
+
+TEST(Passes, WorkedExampleStageByStageInOneWalkEach) {
+    LinearPasses passes;
+    passes.SetMarkers(u'\uE001', u'\uE002');
+    UnitBuffer line;
+    line.Append(kStages[0]);
+    passes.ResolveReph(line);
+    EXPECT_EQ(Hex(kStages[1]), Hex(line.View()));
+    passes.ReorderChandrabindu(line);
+    EXPECT_EQ(Hex(kStages[2]), Hex(line.View()));
+    passes.ResolveYaPhala(line);
+    EXPECT_EQ(Hex(kStages[3]), Hex(line.View()));
+    passes.ComposeAa(line);
+    EXPECT_EQ(Hex(kStages[4]), Hex(line.View()));
+    passes.ReorderPreBaseKars(line);
+    EXPECT_EQ(Hex(kStages[5]), Hex(line.View()));
+    passes.ComposeSplitKars(line);
+    EXPECT_EQ(Hex(kStages[6]), Hex(line.View()));
+}
+
+TEST(Passes, EdgeCasesInOneWalkEach) {
+    LinearPasses passes;
+    passes.SetMarkers(u'\uE001', u'\uE002');
+    for (const Case& c : kCases) {
+        UnitBuffer line;
+        line.Append(c.line);
+        passes.Run(line);
+        EXPECT_EQ(Hex(c.expected), Hex(line.View())) << c.name;
+    }
 }
 
 } // namespace
