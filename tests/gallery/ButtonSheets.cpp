@@ -60,12 +60,16 @@ void DrawButtons(const Paper& paper) {
 }
 
 std::u16string ButtonRows() {
-    return Row(u"Primary", u"TavrelButton", 190, 486, 106, 30, u"&Convert", u"Style=3; Primary=yes") +
-           Row(u"Neutral", u"TavrelButton", 308, 486, 106, 30, u"Go &Back", u"Style=3") +
-           Row(u"Off", u"TavrelButton", 426, 486, 106, 30, u"Save &As...", u"Style=3; Enabled=no") +
+    return Row(u"neutral", u"set", 0, 0, 0, 0, u"",
+               u"ButtonStyle=3; BackColor=NeutralBack; ForeColor=Ink; XPDefaultColors=no; "
+               u"XPColor_Hover=HoverNeutral; XPColor_Pressed=FocusNeutral") +
+           Row(u"Primary", u"TavrelButton", 190, 486, 106, 30, u"&Convert", u"ButtonStyle=3; Primary=yes") +
+           Row(u"Neutral", u"TavrelButton", 308, 486, 106, 30, u"Go &Back", u"Use=neutral") +
+           Row(u"Off", u"TavrelButton", 426, 486, 106, 30, u"Save &As...", u"Use=neutral; Enabled=no") +
            Row(u"Close", u"TavrelButton", 544, 486, 28, 24, u"X",
-               u"Style=1; BackColor=Card; AccessibleName=Close") +
-           Row(u"Link", u"TavrelButton", 590, 486, 180, 24, u"More software", u"Style=4");
+               u"ButtonStyle=1; ForeColor=Ink; BackColor=Card; AccessibleName=Close") +
+           Row(u"Link", u"TavrelButton", 590, 486, 180, 24, u"More software",
+               u"ButtonStyle=4; ForeColor=Link");
 }
 
 void DrawToggles(const Paper& paper) {
