@@ -1,0 +1,180 @@
+// Mouse, keys, wheel and scroll bar of the list.
+#include "controls/CheckList.h"
+#include "controls/Events.h"
+#include "controls/ListBorder.h"
+#include "controls/Painting.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace {
+constexpr UINT kRefresh = WM_APP + 1;
+} // namespace
+
+bool CheckList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    const int y = static_cast<short>(HIWORD(lParam));
+    switch (message) {
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK: {
+        const int row = RowAt(y);
+        if (row < 0) return true;
+        m_Pressed = row;
+        SetCapture(Base.hWnd());
+        ListIndex(row);
+        InvalidateRow(row);
+        return true;
+    }
+    case WM_LBUTTONUP: {
+        const int row = std::exchange(m_Pressed, -1);
+        if (row < 0) return true;
+        ReleaseCapture();
+        InvalidateRow(row);
+        if (RowAt(y) == row) Toggle(row);
+        return true;
+    }
+    case WM_CAPTURECHANGED:
+        InvalidateRow(std::exchange(m_Pressed, -1));
+        return true;
+    case WM_KEYDOWN:
+        if (wParam == VK_SPACE && (lParam & (1 << 30))) return true; // held down: once
+        return OnKey(wParam);
+    case WM_MOUSEWHEEL:
+        OnWheel(static_cast<short>(HIWORD(wParam)));
+        return true;
+    case WM_VSCROLL: {
+        SCROLLINFO bar{};
+        bar.cbSize = sizeof bar;
+        bar.fMask = SIF_TRACKPOS;
+        GetScrollInfo(Base.hWnd(), SB_VERT, &bar);
+        switch (LOWORD(wParam)) {
+        case SB_LINEUP:
+            ScrollTo(m_Top - 1);
+            break;
+        case SB_LINEDOWN:
+            ScrollTo(m_Top + 1);
+            break;
+        case SB_PAGEUP:
+            ScrollTo(m_Top - RowsInSight());
+            break;
+        case SB_PAGEDOWN:
+            ScrollTo(m_Top + RowsInSight());
+            break;
+        case SB_TOP:
+            ScrollTo(0);
+            break;
+        case SB_BOTTOM:
+            ScrollTo(ListCount());
+            break;
+        case SB_THUMBTRACK:
+        case SB_THUMBPOSITION:
+            ScrollTo(bar.nTrackPos);
+            break;
+        default:
+            break;
+        }
+        return true;
+    }
+    case kRefresh:
+        m_RefreshPosted = false;
+        ScrollTo(m_Top);
+        Base.Invalidate();
+        Base.Notify(EVENT_OBJECT_REORDER);
+        return true;
+    default:
+        return ListBorder::Message(Base, message, wParam, lParam, result);
+    }
+}
+
+bool CheckList::OnKey(WPARAM key) {
+    const int last = ListCount() - 1, page = std::max(RowsInSight() - 1, 1);
+    if (last < 0) return false;
+    switch (key) {
+    case VK_SPACE:
+        Toggle(m_Current);
+        return true;
+    case VK_UP:
+        ListIndex(std::max(m_Current - 1, 0));
+        return true;
+    case VK_DOWN:
+        ListIndex(std::min(m_Current + 1, last));
+        return true;
+    case VK_PRIOR:
+        ListIndex(std::max(m_Current - page, 0));
+        return true;
+    case VK_NEXT:
+        ListIndex(std::min(m_Current + page, last));
+        return true;
+    case VK_HOME:
+        ListIndex(0);
+        return true;
+    case VK_END:
+        ListIndex(last);
+        return true;
+    default:
+        return false;
+    }
+}
+
+void CheckList::OnWheel(int delta) {
+    UINT lines = 3;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+    const int step = lines == WHEEL_PAGESCROLL ? RowsInSight() : static_cast<int>(std::min(lines, 100U));
+    m_Wheel += delta * step;
+    const int rows = m_Wheel / WHEEL_DELTA;
+    m_Wheel -= rows * WHEEL_DELTA;
+    ScrollTo(m_Top - rows);
+}
+
+// What the user does to a tick. The handler comes last: it may destroy the list.
+void CheckList::Toggle(int row) {
+    if (!Valid(row)) return;
+    ListIndex(row);
+    Checked(row, !Checked(row));
+    Raise(Click);
+}
+
+int CheckList::RowAt(int y) const {
+    if (y < 0) return -1;
+    const int row = m_Top + y / Base.Scaled(m_RowHeight);
+    RECT client;
+    GetClientRect(Base.hWnd(), &client);
+    return y < client.bottom && Valid(row) ? row : -1;
+}
+
+int CheckList::RowsInSight() const {
+    RECT client;
+    GetClientRect(Base.hWnd(), &client);
+    return std::max<int>(client.bottom / Base.Scaled(m_RowHeight), 1);
+}
+
+void CheckList::ScrollTo(int top) {
+    if (!Base.hWnd()) return;
+    top = std::clamp(top, 0, std::max(ListCount() - RowsInSight(), 0));
+    const bool moves = top != m_Top;
+    m_Top = top;
+    UpdateScrollBar();
+    if (moves) Base.Invalidate();
+}
+
+void CheckList::Reveal(int row) {
+    if (row < m_Top)
+        ScrollTo(row);
+    else if (row >= m_Top + RowsInSight())
+        ScrollTo(row - RowsInSight() + 1);
+}
+
+void CheckList::UpdateScrollBar() {
+    SCROLLINFO bar{};
+    bar.cbSize = sizeof bar;
+    bar.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    bar.nMax = std::max(ListCount() - 1, 0);
+    bar.nPage = static_cast<UINT>(RowsInSight());
+    bar.nPos = m_Top;
+    SetScrollInfo(Base.hWnd(), SB_VERT, &bar, TRUE);
+}
+
+// Rows come by the hundred: the list follows once the queue is reached.
+void CheckList::RefreshLater() {
+    if (m_RefreshPosted || !Base.hWnd()) return;
+    m_RefreshPosted = PostMessageW(Base.hWnd(), kRefresh, 0, 0) != 0;
+}
