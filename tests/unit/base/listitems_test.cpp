@@ -5,6 +5,9 @@
 
 #include <gtest/gtest.h>
 
+#include <utility>
+#include <vector>
+
 namespace {
 
 std::u16string All(const ListItems& items) {
@@ -52,6 +55,74 @@ TEST(ListItems, AnIndexOutOfRangeIsFailure9) {
     EXPECT_EQ(9, FailureNumber([&] { items.AddItem(u"b", 2); }));
     EXPECT_EQ(9, FailureNumber([&] { items.AddItem(u"b", -2); }));
     EXPECT_EQ(u"a ", All(items));
+}
+
+TEST(ListItems, ItemsCanBeWritten) {
+    ListItems items;
+    items.AddItem(u"a", -1, 3);
+    items.List(0, u"b");
+    items.ListIcon(0, -1);
+    items.ListBold(0, true);
+    EXPECT_EQ(u"b", items.List(0));
+    EXPECT_EQ(-1, items.ListIcon(0));
+    EXPECT_TRUE(items.ListBold(0));
+    EXPECT_EQ(9, FailureOf([&] { items.List(1, u"c"); }));
+    EXPECT_EQ(9, FailureOf([&] { items.ListIcon(-1, 0); }));
+    EXPECT_EQ(9, FailureOf([&] { items.ListBold(1, true); }));
+}
+
+TEST(ListItems, TheStoredFormIsThreeFields) {
+    ListItems items;
+    items.AddItem(u"C:\\a.txt", -1, 4);
+    items.AddItem(u"", -1, -1, true);
+    EXPECT_EQ(u"C:\\a.txt<%S%>4<%S%>False", items.Stored(0));
+    EXPECT_EQ(u"<%S%>-1<%S%>True", items.Stored(1));
+    items.Store(0, items.Stored(1));
+    EXPECT_EQ(u"", items.List(0));
+    EXPECT_EQ(-1, items.ListIcon(0));
+    EXPECT_TRUE(items.ListBold(0));
+    items.Store(1, u"x<%S%>12<%S%>False");
+    EXPECT_EQ(u"x", items.List(1));
+    EXPECT_EQ(12, items.ListIcon(1));
+    EXPECT_FALSE(items.ListBold(1));
+    EXPECT_EQ(9, FailureOf([&] { items.Stored(2); }));
+    EXPECT_EQ(9, FailureOf([&] { items.Store(2, u"x<%S%>1<%S%>True"); }));
+}
+
+TEST(ListItems, ATextWithTheSeparatorCannotBeStored) {
+    ListItems items;
+    items.AddItem(u"a<%S%>b");
+    EXPECT_FALSE(ListItems::CanBeStored(items.List(0)));
+    EXPECT_TRUE(ListItems::CanBeStored(u"a<%S%b>"));
+    EXPECT_EQ(5, FailureOf([&] { items.Stored(0); }));
+    EXPECT_EQ(u"a<%S%>b", items.List(0));
+}
+
+TEST(ListItems, DamagedStoredFormsChangeNothing) {
+    ListItems items;
+    items.AddItem(u"kept", -1, 2, true);
+    for (const std::u16string_view stored :
+         {u"", u"x", u"x<%S%>1", u"x<%S%>1<%S%>true", u"x<%S%><%S%>True", u"x<%S%>-<%S%>True",
+          u"x<%S%>1a<%S%>True", u"x<%S%>9999999999<%S%>True", u"x<%S%>1<%S%>True<%S%>"})
+        EXPECT_EQ(13, FailureOf([&] { items.Store(0, stored); }));
+    EXPECT_EQ(u"kept<%S%>2<%S%>True", items.Stored(0));
+}
+
+TEST(ListItems, TellsOfEachChange) {
+    ListItems items;
+    std::vector<std::pair<ListChange, int>> told;
+    items.Changed = [&](ListChange change, int index) { told.emplace_back(change, index); };
+    items.AddItem(u"b");
+    items.AddItem(u"a", 0);
+    items.List(1, u"c");
+    items.Store(0, u"x<%S%>1<%S%>True");
+    items.Remove(1);
+    FailureOf([&] { items.Remove(1); });
+    items.Clear();
+    const std::vector<std::pair<ListChange, int>> expected{
+        {ListChange::Added, 0},   {ListChange::Added, 0},   {ListChange::Written, 1},
+        {ListChange::Written, 0}, {ListChange::Removed, 1}, {ListChange::Cleared, -1}};
+    EXPECT_EQ(expected, told);
 }
 
 TEST(Counter16, HoldsSixteenBitsAndFailsBeyond) {

@@ -1,0 +1,295 @@
+// Mouse, keys, wheel, scroll bar and tip of a list.
+#include "base/RuntimeFailure.h"
+#include "controls/Dpi.h"
+#include "controls/McListBox.h"
+#include "controls/Painting.h"
+#include "controls/modSound.h"
+#include "controls/modWin.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+namespace {
+
+constexpr DWORD kTypingPause = 1000;      // milliseconds that end a typed beginning
+constexpr std::size_t kLongestTip = 1024; // units
+
+bool BeginsWith(std::u16string_view text, std::u16string_view beginning) {
+    if (text.size() < beginning.size()) return false;
+    const int length = static_cast<int>(beginning.size());
+    return CompareStringOrdinal(reinterpret_cast<const wchar_t*>(text.data()), length,
+                                reinterpret_cast<const wchar_t*>(beginning.data()), length,
+                                TRUE) == CSTR_EQUAL;
+}
+
+} // namespace
+
+bool McListBox::OnInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
+    const auto mouse = [&] { return ReadMouse(message, wParam, lParam, Base.Dpi()); };
+    switch (message) {
+    case WM_MOUSEMOVE:
+        OnMouseMove(mouse());
+        return true;
+    case WM_MOUSELEAVE:
+        OnMouseLeave();
+        return true;
+    case WM_LBUTTONDOWN:
+    case WM_RBUTTONDOWN:
+    case WM_MBUTTONDOWN:
+        OnPress(mouse(), false);
+        return true;
+    case WM_LBUTTONDBLCLK:
+    case WM_RBUTTONDBLCLK:
+    case WM_MBUTTONDBLCLK:
+        OnPress(mouse(), true);
+        return true;
+    case WM_LBUTTONUP:
+    case WM_RBUTTONUP:
+    case WM_MBUTTONUP:
+        OnRelease(mouse());
+        return true;
+    case WM_CAPTURECHANGED:
+        m_Pressed = false;
+        return true;
+    case WM_MOUSEWHEEL:
+        OnWheel(static_cast<short>(HIWORD(wParam)));
+        return true;
+    case WM_VSCROLL:
+        OnScroll(LOWORD(wParam));
+        return true;
+    case WM_KEYDOWN:
+        OnKey(static_cast<int>(wParam));
+        return true;
+    case WM_KEYUP:
+        Raise(KeyUp, static_cast<int>(wParam), ShiftState());
+        return true;
+    case WM_CHAR:
+        OnCharacter(static_cast<char16_t>(wParam));
+        return true;
+    default:
+        return false;
+    }
+}
+
+void McListBox::OnKey(int key) {
+    const StillThere here(Base);
+    Raise(KeyDown, key, ShiftState());
+    if (!here || !Base.hWnd()) return;
+    const int current = ListIndex(), last = ListCount() - 1;
+    switch (key) {
+    case VK_UP:
+    case VK_LEFT:
+        return Choose(std::max(current - 1, 0));
+    case VK_DOWN:
+    case VK_RIGHT:
+        return Choose(std::min(current + 1, last));
+    case VK_PRIOR:
+        return Choose(std::max(current - VisibleRows(), 0));
+    case VK_NEXT:
+        return Choose(std::min(current + VisibleRows(), last));
+    case VK_HOME:
+        return Choose(0);
+    case VK_END:
+        return Choose(last);
+    default:
+        return;
+    }
+}
+
+// Typing goes on to the next row that begins so; the same letter again, to the next with
+// that letter.
+void McListBox::OnCharacter(char16_t unit) {
+    const StillThere here(Base);
+    Raise(KeyPress, static_cast<int>(unit));
+    if (!here || !Base.hWnd() || unit < u' ' || ListCount() == 0) return;
+    const DWORD now = static_cast<DWORD>(GetMessageTime());
+    if (now - m_TypedAt > kTypingPause) m_Typed.clear();
+    if (m_Typed.empty() && unit == u' ') return;
+    m_TypedAt = now;
+    m_Typed += unit;
+    const bool oneLetter = m_Typed.find_first_not_of(unit) == m_Typed.npos;
+    const std::u16string_view wanted = std::u16string_view(m_Typed).substr(0, oneLetter ? 1 : m_Typed.npos);
+    const int count = ListCount(), from = std::max(ListIndex(), 0) + (oneLetter && ListIndex() >= 0);
+    for (int step = 0; step < count; ++step) {
+        const int row = (from + step) % count;
+        if (BeginsWith(m_Items.Item(row).Text, wanted)) return Choose(row);
+    }
+}
+
+// Nothing is chosen anew that is current already: forms answer a Click with work.
+void McListBox::Choose(int row) {
+    if (row < 0 || row >= ListCount() || row == ListIndex()) return;
+    const StillThere here(Base);
+    MoveTo(row);
+    Raise(SelChange);
+    if (here) Raise(Click);
+}
+
+void McListBox::MoveTo(int row) {
+    RepaintRow(m_State.ListIndex < 0 ? m_State.TopRow : m_State.ListIndex);
+    m_State.ListIndex = row;
+    if (!Base.hWnd()) return;
+    UpdateScrollBar();
+    const int visible = VisibleRows();
+    if (row < m_State.TopRow)
+        ScrollTo(row);
+    else if (row >= m_State.TopRow + visible)
+        ScrollTo(row - visible + 1);
+    RepaintRow(row);
+    if (Base.HasFocus()) Base.Notify(EVENT_OBJECT_FOCUS, row + 1);
+    Base.Notify(EVENT_OBJECT_SELECTION, row + 1);
+}
+
+void McListBox::OnPress(const MouseAt& mouse, bool second) {
+    const StillThere here(Base);
+    const bool left = mouse.Button == kLeftButton;
+    if (left) {
+        m_Pressed = true;
+        m_SecondPress = second;
+        SetCapture(Base.hWnd());
+        const int row = RowAt(mouse.Pixel);
+        if (row >= 0 && (!second || row != ListIndex())) {
+            MoveTo(row);
+            Raise(SelChange);
+            if (!here) return;
+        }
+    }
+    if (left && second)
+        Raise(DbClick);
+    else
+        Raise(MouseDown, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+}
+
+void McListBox::OnRelease(const MouseAt& mouse) {
+    const StillThere here(Base);
+    if (mouse.Button == kLeftButton) {
+        const bool clicked = m_Pressed && !m_SecondPress && RowAt(mouse.Pixel) >= 0;
+        m_Pressed = false;
+        if (GetCapture() == Base.hWnd()) ReleaseCapture();
+        if (clicked) Raise(Click);
+    }
+    if (here) Raise(MouseUp, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+}
+
+void McListBox::OnMouseMove(const MouseAt& mouse) {
+    const StillThere here(Base);
+    if (!m_MouseInside) {
+        m_MouseInside = true;
+        TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Base.hWnd(), 0};
+        TrackMouseEvent(&track);
+        modSound::PlayEffect(modSound::kMouseOver);
+        Raise(MouseEnter);
+        if (!here || !Base.hWnd()) return;
+    }
+    Hover(RowAt(mouse.Pixel));
+    Raise(MouseMove, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
+}
+
+void McListBox::OnMouseLeave() {
+    m_MouseInside = false;
+    Hover(-1);
+    Raise(MouseLeave);
+}
+
+void McListBox::Hover(int row) {
+    if (row == m_State.HoveredRow) return;
+    const int before = m_State.HoveredRow;
+    m_State.HoveredRow = row;
+    if (m_State.ShowHover) {
+        RepaintRow(before);
+        RepaintRow(row);
+    }
+    ShowRowTip();
+}
+
+// The rows have moved under the mouse.
+void McListBox::HoverUnderMouse() {
+    if (!m_MouseInside) return;
+    POINT at{};
+    GetCursorPos(&at);
+    ScreenToClient(Base.hWnd(), &at);
+    m_State.HoveredRow = RowAt(at);
+    ShowRowTip();
+}
+
+// A tip of its own for each row, so that it waits and stands anew.
+void McListBox::ShowRowTip() {
+    m_RowTip.reset();
+    const int row = m_State.HoveredRow;
+    if (!m_ShowToolTip || row < 0 || row >= ListCount()) return;
+    const ListItem& item = m_Items.Item(row);
+    if (McListBoxFits(item, WidthOf(Inside()), m_State)) return;
+    constexpr int kAlways = 1;
+    m_RowTip = std::make_unique<cToolTip>();
+    m_RowTip->Create(Base.hWnd(), std::u16string_view(item.Text).substr(0, kLongestTip), kAlways, false, 0,
+                     {}, kNoColour, kNoColour, -1, -1);
+    // The tip came too late for the move that asked for it.
+    MSG move{Base.hWnd(), WM_MOUSEMOVE, 0, 0, static_cast<DWORD>(GetMessageTime()), {}};
+    GetCursorPos(&move.pt);
+    POINT inside = move.pt;
+    ScreenToClient(Base.hWnd(), &inside);
+    move.lParam = MAKELPARAM(inside.x, inside.y);
+    SendMessageW(m_RowTip->hWnd(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
+}
+
+void McListBox::ScrollTo(int top) {
+    top = std::clamp(top, 0, std::max(0, ListCount() - VisibleRows()));
+    if (top == m_State.TopRow) return;
+    m_State.TopRow = top;
+    SetScrollPos(Base.hWnd(), SB_VERT, top, TRUE);
+    HoverUnderMouse();
+    Base.Invalidate();
+}
+
+void McListBox::OnScroll(int request) {
+    SCROLLINFO thumb{sizeof thumb, SIF_TRACKPOS, 0, 0, 0, 0, 0};
+    switch (request) {
+    case SB_LINEUP:
+        return ScrollTo(m_State.TopRow - 1);
+    case SB_LINEDOWN:
+        return ScrollTo(m_State.TopRow + 1);
+    case SB_PAGEUP:
+        return ScrollTo(m_State.TopRow - VisibleRows());
+    case SB_PAGEDOWN:
+        return ScrollTo(m_State.TopRow + VisibleRows());
+    case SB_TOP:
+        return ScrollTo(0);
+    case SB_BOTTOM:
+        return ScrollTo(ListCount());
+    case SB_THUMBTRACK:
+    case SB_THUMBPOSITION:
+        // The message itself carries 16 bits only.
+        if (GetScrollInfo(Base.hWnd(), SB_VERT, &thumb)) ScrollTo(thumb.nTrackPos);
+        return;
+    default:
+        return;
+    }
+}
+
+// Fine wheels send parts of a notch.
+void McListBox::OnWheel(int delta) {
+    UINT lines = 3;
+    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+    const int perNotch =
+        lines == WHEEL_PAGESCROLL ? VisibleRows() : std::min(static_cast<int>(lines), VisibleRows());
+    m_WheelRest += delta * perNotch;
+    const int rows = m_WheelRest / WHEEL_DELTA;
+    m_WheelRest -= rows * WHEEL_DELTA;
+    ScrollTo(m_State.TopRow - rows);
+}
+
+void McListBox::UpdateScrollBar() {
+    if (!Base.hWnd() || !m_State.Font) return;
+    const int visible = VisibleRows();
+    m_State.TopRow = std::clamp(m_State.TopRow, 0, std::max(0, ListCount() - visible));
+    SCROLLINFO bar{sizeof bar, SIF_RANGE | SIF_PAGE | SIF_POS, 0, 0, 0, 0, 0};
+    if (!m_AutoHideScrollBars) {
+        bar.fMask |= SIF_DISABLENOSCROLL;
+        ShowScrollBar(Base.hWnd(), SB_VERT, TRUE);
+    }
+    bar.nMax = std::max(0, ListCount() - 1);
+    bar.nPage = static_cast<UINT>(visible);
+    bar.nPos = m_State.TopRow;
+    SetScrollInfo(Base.hWnd(), SB_VERT, &bar, TRUE);
+}
