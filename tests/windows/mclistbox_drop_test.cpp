@@ -92,6 +92,10 @@ protected:
             DWORD effect = DROPEFFECT_NONE;
             DoDragDrop(&data, &source, DROPEFFECT_COPY | DROPEFFECT_MOVE, &effect);
             m_Effect = effect;
+            m_Failed = EventFrame::Ending();
+            MSG message;
+            PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+            EventFrame::Forget();
             done = true;
         });
         // The drag goes on with each move of the mouse.
@@ -118,6 +122,7 @@ protected:
     }
     POINT m_Over{};
     std::atomic<DWORD> m_Effect{0};
+    std::atomic<bool> m_Failed = false; // a failure has been kept
 };
 
 TEST_F(Drops, FilesArriveInTheirOrderAndAsACopy) {
@@ -175,7 +180,7 @@ TEST_F(Drops, TheListMayGoInsideTheDrop) {
     });
     Drag({u"C:\\a.txt"});
     EXPECT_TRUE(On([&] { return !m_Shown->Owned; }));
-    m_Ui.Run([] { EventFrame::Rethrow(); });
+    EXPECT_FALSE(m_Failed);
 }
 
 TEST_F(Drops, AFailureOfTheHandlerIsKept) {
@@ -185,7 +190,7 @@ TEST_F(Drops, AFailureOfTheHandlerIsKept) {
         };
     });
     Drag({u"C:\\a.txt"});
-    EXPECT_TRUE(On([] { return EventFrame::Ending(); }));
+    EXPECT_TRUE(m_Failed);
 }
 
 } // namespace

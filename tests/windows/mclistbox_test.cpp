@@ -528,6 +528,38 @@ TEST_P(GoneIn, Survives) {
 
 INSTANTIATE_TEST_SUITE_P(EachEvent, GoneIn, testing::Range(0, 9));
 
+TEST_F(Lists, AFailureInAnyEventIsKept) {
+    Fill(Files(), 3);
+    McListBox& list = Files();
+    const auto keeps = [&](auto& event, const std::function<void()>& cause) {
+        event = [](auto...) { throw RuntimeFailure(kTypeMismatch, u"test"); };
+        cause();
+        EXPECT_TRUE(EventFrame::Ending());
+        MSG message;
+        PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE);
+        EventFrame::Forget();
+        event = nullptr;
+    };
+    m_Ui.Run([&] {
+        const auto send = [&](UINT message, WPARAM wParam) {
+            return [&list, message, wParam] {
+                SendMessageW(list.Base.hWnd(), message, wParam, MAKELPARAM(60, 30));
+            };
+        };
+        keeps(list.MouseEnter, send(WM_MOUSEMOVE, 0));
+        keeps(list.MouseMove, send(WM_MOUSEMOVE, 0));
+        keeps(list.MouseLeave, send(WM_MOUSELEAVE, 0));
+        keeps(list.SelChange, send(WM_LBUTTONDOWN, MK_LBUTTON));
+        keeps(list.MouseDown, send(WM_LBUTTONDOWN, MK_LBUTTON));
+        keeps(list.Click, send(WM_LBUTTONUP, 0));
+        keeps(list.MouseUp, send(WM_LBUTTONUP, 0));
+        keeps(list.DbClick, send(WM_LBUTTONDBLCLK, MK_LBUTTON));
+        keeps(list.KeyDown, send(WM_KEYDOWN, VK_DOWN));
+        keeps(list.KeyPress, send(WM_CHAR, 'x'));
+        keeps(list.KeyUp, send(WM_KEYUP, VK_DOWN));
+    });
+}
+
 TEST_F(Lists, AHandlerMayEmptyTheList) {
     Fill(Files(), 3);
     m_Ui.Run([&] { Files().SelChange = [&] { Files().Clear(); }; });
