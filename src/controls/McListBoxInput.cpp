@@ -145,9 +145,9 @@ void McListBox::OnPress(const MouseAt& mouse, bool second) {
     const StillThere here(Base);
     const bool left = mouse.Button == kLeftButton;
     if (left) {
+        SetCapture(Base.hWnd()); // may tell of a loss of the capture first
         m_Pressed = true;
         m_SecondPress = second;
-        SetCapture(Base.hWnd());
         const int row = RowAt(mouse.Pixel);
         if (row >= 0 && (!second || row != ListIndex())) {
             MoveTo(row);

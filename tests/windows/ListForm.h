@@ -92,13 +92,4 @@ protected:
     std::string m_Heard;
 };
 
-inline int FailureOf(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const RuntimeFailure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
-
 } // namespace gui

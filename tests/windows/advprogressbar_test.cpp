@@ -3,6 +3,7 @@
 
 #include "controls/Dpi.h"
 #include "controls/Painting.h"
+#include "support/Failure.h"
 #include "windows/FormTest.h"
 #include "windows/Pixels.h"
 
@@ -142,15 +143,6 @@ TEST_F(Bars, DefaultsAreThoseOfTheProperties) {
     EXPECT_EQ(bar.BackColor(), 0x8000000Fu);
 }
 
-int FailureOf(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const RuntimeFailure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
-
 TEST_F(Bars, ValuesAreSixteenBitAndCutToMax) {
     AdvProgressBar& bar = m_Shown->Progress;
     m_Ui.Run([&] {
@@ -158,9 +150,9 @@ TEST_F(Bars, ValuesAreSixteenBitAndCutToMax) {
         EXPECT_EQ(bar.Value(), 100);
         bar.Max(32767);
         EXPECT_EQ(bar.Value(), 100);
-        EXPECT_EQ(FailureOf([&] { bar.Max(32768); }), 6);
-        EXPECT_EQ(FailureOf([&] { bar.Value(32768); }), 6);
-        EXPECT_EQ(FailureOf([&] { bar.Value(-32769); }), 6);
+        EXPECT_EQ(FailureNumber([&] { bar.Max(32768); }), 6);
+        EXPECT_EQ(FailureNumber([&] { bar.Value(32768); }), 6);
+        EXPECT_EQ(FailureNumber([&] { bar.Value(-32769); }), 6);
         EXPECT_EQ(bar.Max(), 32767);
         EXPECT_EQ(bar.Value(), 100);
         bar.Max(0);

@@ -1,18 +1,10 @@
 // The store of pictures.
 #include "controls/McImageList.h"
 
+#include "support/Failure.h"
 #include "windows/FormTest.h"
 
 namespace {
-
-int FailureOf(const std::function<void()>& work) {
-    try {
-        work();
-    } catch (const RuntimeFailure& failure) {
-        return failure.Number();
-    }
-    return 0;
-}
 
 TEST(McImageList, NumbersItsPictures) {
     McImageList images;
@@ -33,9 +25,9 @@ TEST(McImageList, ANumberOutOfRangeIsFailure9) {
     McImageList images;
     images.AddNewImage(Picture());
     for (const int index : {-1, 1, 100'000}) {
-        EXPECT_EQ(FailureOf([&] { images.Image(index); }), 9);
-        EXPECT_EQ(FailureOf([&] { images.Image(index, Picture()); }), 9);
-        EXPECT_EQ(FailureOf([&] { images.CurrentImage(index); }), 9);
+        EXPECT_EQ(FailureNumber([&] { images.Image(index); }), 9);
+        EXPECT_EQ(FailureNumber([&] { images.Image(index, Picture()); }), 9);
+        EXPECT_EQ(FailureNumber([&] { images.CurrentImage(index); }), 9);
     }
     EXPECT_EQ(images.CurrentImage(), 0);
 }
@@ -63,10 +55,10 @@ TEST(McImageList, ItsPicturesComeWithTheForm) {
 }
 
 TEST(McImageList, DamagedPropertiesAreRefused) {
-    EXPECT_EQ(FailureOf([] { Built(u"ImageCount=1; Images1=task-text"); }), 9);
-    EXPECT_EQ(FailureOf([] { Built(u"ImageCount=-1"); }), 9);
-    EXPECT_EQ(FailureOf([] { Built(u"ImageCount=1; Images0=no-such-picture"); }), 13);
-    EXPECT_EQ(FailureOf([] { Built(u"ImageCount=1; Imagesx=task-text"); }), 13);
+    EXPECT_EQ(FailureNumber([] { Built(u"ImageCount=1; Images1=task-text"); }), 9);
+    EXPECT_EQ(FailureNumber([] { Built(u"ImageCount=-1"); }), 9);
+    EXPECT_EQ(FailureNumber([] { Built(u"ImageCount=1; Images0=no-such-picture"); }), 13);
+    EXPECT_EQ(FailureNumber([] { Built(u"ImageCount=1; Imagesx=task-text"); }), 13);
 }
 
 } // namespace

@@ -1,11 +1,11 @@
 // A list's rows, current row, events, keys, scrolling and repaints.
 #include "controls/Dpi.h"
 #include "controls/Painting.h"
+#include "support/Failure.h"
 #include "windows/ListForm.h"
 
 namespace {
 
-using gui::FailureOf;
 using Lists = gui::Lists;
 
 TEST_F(Lists, DefaultsAreThoseOfTheProperties) {
@@ -51,17 +51,17 @@ TEST_F(Lists, IndexesOutOfRangeAreRefused) {
     Fill(Files(), 2);
     m_Ui.Run([&] {
         for (const int index : {-1, 2, 100'000, -100'000}) {
-            EXPECT_EQ(FailureOf([&] { Files().List(index); }), 9) << index;
-            EXPECT_EQ(FailureOf([&] { Files().List(index, u"x"); }), 9) << index;
-            EXPECT_EQ(FailureOf([&] { Files().ListIcon(index); }), 9) << index;
-            EXPECT_EQ(FailureOf([&] { Files().ListBold(index, true); }), 9) << index;
+            EXPECT_EQ(FailureNumber([&] { Files().List(index); }), 9) << index;
+            EXPECT_EQ(FailureNumber([&] { Files().List(index, u"x"); }), 9) << index;
+            EXPECT_EQ(FailureNumber([&] { Files().ListIcon(index); }), 9) << index;
+            EXPECT_EQ(FailureNumber([&] { Files().ListBold(index, true); }), 9) << index;
         }
-        EXPECT_EQ(FailureOf([&] { Files().Remove(2); }), 9);
-        EXPECT_EQ(FailureOf([&] { Files().Remove(-2); }), 9);
-        EXPECT_EQ(FailureOf([&] { Files().AddItem(u"x", 3); }), 9);
-        EXPECT_EQ(FailureOf([&] { Files().AddItem(u"x", -2); }), 9);
+        EXPECT_EQ(FailureNumber([&] { Files().Remove(2); }), 9);
+        EXPECT_EQ(FailureNumber([&] { Files().Remove(-2); }), 9);
+        EXPECT_EQ(FailureNumber([&] { Files().AddItem(u"x", 3); }), 9);
+        EXPECT_EQ(FailureNumber([&] { Files().AddItem(u"x", -2); }), 9);
         EXPECT_EQ(Files().ListCount(), 2);
-        EXPECT_EQ(FailureOf([&] { Files().RowHeight(40'000); }), 6);
+        EXPECT_EQ(FailureNumber([&] { Files().RowHeight(40'000); }), 6);
         EXPECT_EQ(Files().RowHeight(), 20);
     });
 }
@@ -69,8 +69,8 @@ TEST_F(Lists, IndexesOutOfRangeAreRefused) {
 TEST_F(Lists, ATextWithTheSeparatorIsRefused) {
     Fill(Files(), 1);
     m_Ui.Run([&] {
-        EXPECT_EQ(FailureOf([&] { Files().AddItem(u"a<%S%>b"); }), 5);
-        EXPECT_EQ(FailureOf([&] { Files().List(0, u"<%S%>"); }), 5);
+        EXPECT_EQ(FailureNumber([&] { Files().AddItem(u"a<%S%>b"); }), 5);
+        EXPECT_EQ(FailureNumber([&] { Files().List(0, u"<%S%>"); }), 5);
         EXPECT_EQ(Files().ListCount(), 1);
         EXPECT_EQ(Files().List(0), u"0");
         Files().List(0, u"<%S%");
@@ -568,38 +568,38 @@ TEST_F(Lists, AHandlerMayEmptyTheList) {
     EXPECT_EQ(On([&] { return Files().ListIndex(); }), -1);
 }
 
+BOOL CALLBACK CountTip(HWND window, LPARAM sum) {
+    wchar_t name[64];
+    DWORD process = 0;
+    GetWindowThreadProcessId(window, &process);
+    GetClassNameW(window, name, 64);
+    if (process == GetCurrentProcessId() && std::wstring_view(name) == L"tooltips_class32" &&
+        IsWindowVisible(window))
+        ++*reinterpret_cast<int*>(sum);
+    return TRUE;
+}
+int TipsSeen() {
+    int count = 0;
+    EnumWindows(CountTip, reinterpret_cast<LPARAM>(&count));
+    return count;
+}
+
 TEST_F(Lists, ARowThatDoesNotFitHasATip) {
     m_Ui.Run([&] {
         Files().AddItem(u"short");
         Files().AddItem(std::u16string(300, u'm'));
         Files().Refresh();
     });
-    const auto tips = [] {
-        int count = 0;
-        EnumWindows(
-            [](HWND window, LPARAM sum) -> BOOL {
-                wchar_t name[64];
-                DWORD process = 0;
-                GetWindowThreadProcessId(window, &process);
-                GetClassNameW(window, name, 64);
-                if (process == GetCurrentProcessId() && std::wstring_view(name) == L"tooltips_class32" &&
-                    IsWindowVisible(window))
-                    ++*reinterpret_cast<int*>(sum);
-                return TRUE;
-            },
-            reinterpret_cast<LPARAM>(&count));
-        return count;
-    };
     gui::MoveTo(RowPoint(Files(), 0));
     ASSERT_TRUE(Becomes([&] { return Files().HoveredRow() == 0; }));
     gui::MoveTo(RowPoint(Files(), 1));
-    EXPECT_TRUE(Becomes([&] { return tips() == 1; }));
+    EXPECT_TRUE(Becomes([&] { return TipsSeen() == 1; }));
     gui::MoveTo(RowPoint(Files(), 0));
-    EXPECT_TRUE(Becomes([&] { return tips() == 0; }));
+    EXPECT_TRUE(Becomes([&] { return TipsSeen() == 0; }));
     m_Ui.Run([&] { Files().ShowToolTip(false); });
     gui::MoveTo(RowPoint(Files(), 1));
     ASSERT_TRUE(Becomes([&] { return Files().HoveredRow() == 1; }));
-    EXPECT_FALSE(gui::WaitUntil([&] { return On(tips) > 0; }, GetDoubleClickTime() + 300));
+    EXPECT_FALSE(gui::WaitUntil([&] { return TipsSeen() > 0; }, GetDoubleClickTime() + 300));
 }
 
 TEST_F(Lists, LongTextsAreHeldWhole) {

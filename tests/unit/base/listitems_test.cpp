@@ -66,9 +66,9 @@ TEST(ListItems, ItemsCanBeWritten) {
     EXPECT_EQ(u"b", items.List(0));
     EXPECT_EQ(-1, items.ListIcon(0));
     EXPECT_TRUE(items.ListBold(0));
-    EXPECT_EQ(9, FailureOf([&] { items.List(1, u"c"); }));
-    EXPECT_EQ(9, FailureOf([&] { items.ListIcon(-1, 0); }));
-    EXPECT_EQ(9, FailureOf([&] { items.ListBold(1, true); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.List(1, u"c"); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.ListIcon(-1, 0); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.ListBold(1, true); }));
 }
 
 TEST(ListItems, TheStoredFormIsThreeFields) {
@@ -85,8 +85,8 @@ TEST(ListItems, TheStoredFormIsThreeFields) {
     EXPECT_EQ(u"x", items.List(1));
     EXPECT_EQ(12, items.ListIcon(1));
     EXPECT_FALSE(items.ListBold(1));
-    EXPECT_EQ(9, FailureOf([&] { items.Stored(2); }));
-    EXPECT_EQ(9, FailureOf([&] { items.Store(2, u"x<%S%>1<%S%>True"); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.Stored(2); }));
+    EXPECT_EQ(9, FailureNumber([&] { items.Store(2, u"x<%S%>1<%S%>True"); }));
 }
 
 TEST(ListItems, ATextWithTheSeparatorCannotBeStored) {
@@ -94,7 +94,7 @@ TEST(ListItems, ATextWithTheSeparatorCannotBeStored) {
     items.AddItem(u"a<%S%>b");
     EXPECT_FALSE(ListItems::CanBeStored(items.List(0)));
     EXPECT_TRUE(ListItems::CanBeStored(u"a<%S%b>"));
-    EXPECT_EQ(5, FailureOf([&] { items.Stored(0); }));
+    EXPECT_EQ(5, FailureNumber([&] { items.Stored(0); }));
     EXPECT_EQ(u"a<%S%>b", items.List(0));
 }
 
@@ -104,7 +104,7 @@ TEST(ListItems, DamagedStoredFormsChangeNothing) {
     for (const std::u16string_view stored :
          {u"", u"x", u"x<%S%>1", u"x<%S%>1<%S%>true", u"x<%S%><%S%>True", u"x<%S%>-<%S%>True",
           u"x<%S%>1a<%S%>True", u"x<%S%>9999999999<%S%>True", u"x<%S%>1<%S%>True<%S%>"})
-        EXPECT_EQ(13, FailureOf([&] { items.Store(0, stored); }));
+        EXPECT_EQ(13, FailureNumber([&] { items.Store(0, stored); }));
     EXPECT_EQ(u"kept<%S%>2<%S%>True", items.Stored(0));
 }
 
@@ -117,7 +117,7 @@ TEST(ListItems, TellsOfEachChange) {
     items.List(1, u"c");
     items.Store(0, u"x<%S%>1<%S%>True");
     items.Remove(1);
-    FailureOf([&] { items.Remove(1); });
+    FailureNumber([&] { items.Remove(1); });
     items.Clear();
     const std::vector<std::pair<ListChange, int>> expected{
         {ListChange::Added, 0},   {ListChange::Added, 0},   {ListChange::Written, 1},
