@@ -224,7 +224,7 @@ TEST_F(ButtonStates, PaintsOnceForEachChangeAndNeverOnErase) {
     TavrelButton& back = *m_Shown->Back;
     Enter(m_Shown->Main);
     m_Ui.Run([&] {
-        UpdateWindow(m_Shown->Window.Base.hWnd());
+        RedrawWindow(m_Shown->Window.Base.hWnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         const gui::Pixels erased = gui::Drawn(20, 20, [&](HDC dc) {
             EXPECT_NE(SendMessageW(back.Base.hWnd(), WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0), 0);
         });

@@ -103,7 +103,10 @@ TEST_F(Button, ASpaceHeldPressesOnceAndItsReleaseClicks) {
     gui::Key(VK_SPACE, false);
     ASSERT_EQ(LogOf(2), (Events{"KeyDown 32", "KeyPress 32"}));
     EXPECT_TRUE(On([&] { return back.State().Pressed && back.State().Hovering; }));
-    const PaintTally before = On([] { return PaintsSoFar(); });
+    const PaintTally before = On([&] {
+        RedrawWindow(m_Shown->Window.Base.hWnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+        return PaintsSoFar();
+    });
     gui::Key(VK_SPACE, false);
     ASSERT_EQ(LogOf(4).size(), 4u);
     EXPECT_EQ(On([] { return PaintsSoFar(); }).Paints, before.Paints); // the repeat does nothing
@@ -204,6 +207,7 @@ TEST_F(Button, DisablingItUnderThePressEndsPressAndHover) {
     TavrelButton& back = *m_Shown->Back;
     m_Ui.Run([&] { m_Shown->Record(back); });
     Enter(back);
+    ASSERT_TRUE(Logged("MouseMove")); // pending events have run
     gui::Press(MOUSEEVENTF_LEFTDOWN);
     ASSERT_TRUE(Logged("MouseDown 1"));
     m_Ui.Run([&] { back.Base.Enabled(false); });
@@ -221,6 +225,7 @@ TEST_F(Button, APressElsewhereDoesNotClickHere) {
     gui::MoveTo(gui::ToScreen(m_Shown->Window.Base.hWnd(), 390, 290));
     gui::Press(MOUSEEVENTF_LEFTDOWN);
     Enter(back);
+    ASSERT_TRUE(Logged("MouseMove")); // pending events have run
     gui::Press(MOUSEEVENTF_LEFTUP);
     ASSERT_TRUE(Logged("MouseUp 1"));
     EXPECT_EQ(Log(), (Events{"MouseIn", "MouseMove", "MouseUp 1"}));

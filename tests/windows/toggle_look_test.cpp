@@ -314,7 +314,7 @@ TEST_F(ToggleStates, SettingAPropertyIsSeen) {
 TEST_F(ToggleStates, PaintsOnceForEachChangeAndNeverOnErase) {
     const HWND window = m_Shown->Ready->Base.hWnd();
     m_Ui.Run([&] {
-        UpdateWindow(m_Shown->Window.Base.hWnd());
+        RedrawWindow(m_Shown->Window.Base.hWnd(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
         const gui::Pixels erased = gui::Drawn(20, 20, [&](HDC dc) {
             EXPECT_NE(SendMessageW(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0), 0);
         });
