@@ -231,11 +231,14 @@ void DrawTavrelButton(HDC dc, const RECT& place, const TavrelButtonState& state)
 
     const std::u16string_view caption = state.Caption.substr(0, kMostDrawn);
     const Placed placed = PlacePair(dc, place, caption, state);
-    if (state.Image && WidthOf(placed.Image) > 0)
-        state.Image->DrawOnPlate(dc, placed.Image, state.Dpi, !state.Enabled);
-    if (state.Focused && state.ShowFocusRect && state.ButtonStyle != kStyleXP)
-        DottedRectangle(dc, Inset(place, Scaled(4, state.Dpi)), Theme::Pick(palette::Ink, COLOR_WINDOWTEXT),
+    const bool image = state.Image && WidthOf(placed.Image) > 0;
+    if (image) state.Image->DrawOnPlate(dc, placed.Image, state.Dpi, !state.Enabled);
+    if (state.Focused && state.ShowFocusRect && state.ButtonStyle != kStyleXP) {
+        // On the white plate of a picture white dots would be lost: they go round it.
+        const int inset = Scaled(contrast && image ? 1 : 4, state.Dpi);
+        DottedRectangle(dc, Inset(place, inset), Theme::Pick(palette::Ink, COLOR_WINDOWTEXT),
                         HairLine(state.Dpi));
+    }
     if (!caption.empty()) DrawCaption(dc, placed.Text, caption, state);
     RestoreDC(dc, saved);
 }

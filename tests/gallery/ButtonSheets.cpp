@@ -27,7 +27,7 @@ void DrawButtons(const Paper& paper) {
     pasteButton.Image = &paste;
     pasteButton.ImageSize = {16, 16};
     row(146, 24, 106, u"3 with a picture", pasteButton);
-    row(182, 42, 106, u"3, two lines", NeutralButton(paper, u"Check whether an update is available"));
+    row(182, 42, 106, u"3, two lines", NeutralButton(paper, u"Open the Database"));
     TavrelButtonState pinButton = FlatButton(paper, u"");
     pinButton.Image = &pin;
     pinButton.ImageSize = {16, 16};

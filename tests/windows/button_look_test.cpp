@@ -395,4 +395,19 @@ TEST_F(ButtonLook, HighContrastUsesTheSystemsColoursOnly) {
     EXPECT_EQ(Draw(60, 30, state).Count(RGB(255, 255, 255)), 14 * 14 - 100);
 }
 
+// The window buttons and the tools: their plate covers what is 4 pixels inside.
+TEST_F(ButtonLook, HighContrastShowsTheFocusRoundThePlate) {
+    Theme::ReplaceHighContrast([] { return true; });
+    TavrelButtonState state = FlatOn(kButtonFace);
+    state.Focused = true;
+    for (const auto& [width, height, side] : {std::array{28, 24, 16}, {36, 36, 24}}) {
+        const Picture square = RedSquare(side);
+        state.Image = &square;
+        state.ImageSize = {side, side};
+        const gui::Pixels drawn = Draw(width, height, state);
+        for (const POINT dot : {POINT{1, 1}, {3, 1}, {1, 3}, {1, height - 2}, {width - 3, 1}})
+            EXPECT_EQ(drawn.At(dot.x, dot.y), GetSysColor(COLOR_WINDOWTEXT)) << dot.x << " " << dot.y;
+    }
+}
+
 } // namespace
