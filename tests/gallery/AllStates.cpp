@@ -24,6 +24,7 @@ constexpr RowTitle kRows[] = {
     {331, u"OptionButtonC off"},
     {363, u"OptionButtonC on"},
     {434, u"Text box"},
+    {465, u"McListBox"},
 };
 
 void Draw(const Paper& paper) {
@@ -48,6 +49,14 @@ void Draw(const Paper& paper) {
         DrawToggleIn(paper, x, 360, ToggleKind::Option, 1, column);
         DrawField(paper, x, 430, 110, u"- Unicode", column);
     }
+    McListBoxState tasks = TaskList(paper);
+    tasks.Row = [row = tasks.Row](int at) -> const ListItem& { return row(at == 3 ? 4 : at); };
+    tasks.Count = 4;
+    tasks.ListIndex = 1;
+    tasks.HoveredRow = 2;
+    tasks.Focused = true;
+    DrawListIn(paper, 200, 466, 176, 90, tasks);
+    paper.Caption(390, 469, u"row 1 selected and focused, row 2 hovered");
     paper.Caption(390, 501, u"AdvProgressBar 0 / 43 / 100 %");
     DrawBar(paper, 390, 526, 0);
     DrawBar(paper, 520, 526, 43);

@@ -3,13 +3,17 @@
 #include "base/Text.h"
 #include "controls/AdvProgressBar.h"
 #include "controls/CheckBox.h"
+#include "controls/CheckList.h"
 #include "controls/ComboBox.h"
+#include "controls/Dialog.h"
 #include "controls/Dpi.h"
 #include "controls/FontCombo.h"
 #include "controls/Label.h"
 #include "controls/McImageList.h"
+#include "controls/McListBox.h"
 #include "controls/OptionButtonC.h"
 #include "controls/PasteBox.h"
+#include "controls/PictureBox.h"
 #include "controls/ResultBox.h"
 #include "controls/TavrelButton.h"
 #include "controls/TextBox.h"
@@ -43,7 +47,7 @@ struct Maker {
     const ControlKind& Kind;
     std::shared_ptr<void> (*Make)(Form& form, std::u16string_view name);
 };
-// Labels, lines, pictures and frames are made by the form itself.
+// Labels, lines and frames are made by the form itself.
 const Maker kMakers[] = {
     {TextBox::kKind, Make<TextBox>},
     {ComboBox::kKind, Make<ComboBox>},
@@ -53,6 +57,10 @@ const Maker kMakers[] = {
     {ResultBox::kKind, Make<ResultBox>},
     {FontCombo::kKind, Make<FontCombo>},
     {TwoColumnList::kKind, Make<TwoColumnList>},
+    {McListBox::kKind, Make<McListBox>},
+    {CheckList::kKind, Make<CheckList>},
+    {Dialog::kKind, Make<Dialog>},
+    {PictureBox::kKind, Make<PictureBox>},
     {AdvProgressBar::kKind, Make<AdvProgressBar>},
     {McImageList::kKind, Make<McImageList>},
 };

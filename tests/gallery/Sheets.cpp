@@ -3,8 +3,13 @@
 namespace gallery {
 
 const std::vector<Sheet>& Sheets() {
-    static const std::vector<Sheet> sheets = {AllStates(), Buttons(),  Toggles(),   ProgressBars(), Labels(),
-                                              Fields(),    Surfaces(), TextBoxes(), FontLists(),    Tables()};
+    static const std::vector<Sheet> sheets = [] {
+        std::vector<Sheet> all = {AllStates(), Buttons(), Toggles(),    ProgressBars(),
+                                  Labels(),    Fields(),  Surfaces(),   TextBoxes(),
+                                  FontLists(), Lists(),   CheckLists(), Tables()};
+        for (Sheet& window : Windows()) all.push_back(std::move(window));
+        return all;
+    }();
     return sheets;
 }
 

@@ -14,4 +14,7 @@ Sheet Surfaces();
 Sheet TextBoxes();
 Sheet FontLists();
 Sheet Tables();
+Sheet Lists();
+Sheet CheckLists();
+std::vector<Sheet> Windows();
 } // namespace gallery

@@ -77,6 +77,56 @@ void DrawField(const Paper& paper, int left, int top, int width, std::u16string_
                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
 }
 
+McListBoxState TaskList(const Paper& paper) {
+    static const std::vector<ListItem> tasks = {{u"Clipboard", 0, false},
+                                                {u"Text Files", 1, false},
+                                                {u"Word Files", 2, false},
+                                                {u"Excel Files", 3, false},
+                                                {u"Database", 4, false}};
+    static const McImageList& images = []() -> McImageList& {
+        static McImageList made;
+        for (const char16_t* name :
+             {u"task-clipboard", u"task-text", u"task-word", u"task-excel", u"task-database"})
+            made.AddNewImage(Picture::FromResource(name));
+        return made;
+    }();
+    McListBoxState state;
+    state.Row = [](int row) -> const ListItem& { return tasks[static_cast<std::size_t>(row)]; };
+    state.Count = static_cast<int>(tasks.size());
+    state.ImageList = &images;
+    state.Font = paper.Ui.Get();
+    state.BoldFont = paper.Strong.Get();
+    state.ShowHover = state.ShowIcon = state.FullRowSelect = state.FocusRectangle = true;
+    state.IconFocus = false;
+    state.Appearance = 0;
+    state.ForeColor = palette::Ink;
+    state.SelColor = palette::Sel;
+    state.SelGradient = 1;
+    state.SelGradientCol = palette::SelGrad;
+    state.BackGradient = 6;
+    state.BackGradientCol = palette::ListGrad;
+    return state;
+}
+
+void DrawListIn(const Paper& paper, int left, int top, int width, int height, McListBoxState look) {
+    look.Dpi = paper.Dpi;
+    DrawMcListBox(paper.Dc, paper.Place(left, top, width, height), look);
+}
+
+void FillTree(CheckList& tree) {
+    const Font plain = tree.Base.Font();
+    Font bold = plain;
+    bold.Bold = true;
+    tree.AddItem(u"Table: Customers", bold, CheckList::kTable);
+    for (const char16_t* column : {u"CustomerName", u"Address", u"Remarks"})
+        tree.AddItem(column, plain, CheckList::kColumn, 16);
+    tree.AddItem(u"Table: Products", bold, CheckList::kTable);
+    for (const char16_t* column : {u"ProductName", u"Price", u"Unit"})
+        tree.AddItem(column, plain, CheckList::kColumn, 16);
+    for (const int row : {0, 1, 2}) tree.Checked(row, true);
+    tree.ListIndex(2);
+}
+
 void DrawBar(const Paper& paper, int left, int top, int percent) {
     DrawAdvProgressBar(paper.Dc, paper.Place(left, top, 118, 18),
                        {.Value = percent,

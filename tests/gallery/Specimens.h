@@ -2,6 +2,8 @@
 // as in kStates.
 #pragma once
 
+#include "controls/CheckList.h"
+#include "controls/McListBox.h"
 #include "controls/TavrelButton.h"
 #include "controls/Toggle.h"
 #include "gallery/Sheet.h"
@@ -18,5 +20,10 @@ void DrawButton(const Paper& paper, int left, int top, int width, int height, Ta
 // 110 by 22.
 void DrawToggleIn(const Paper& paper, int left, int top, ToggleKind kind, int value, int column);
 void DrawField(const Paper& paper, int left, int top, int width, std::u16string_view text, int column);
+// Five tasks with their pictures, without a state.
+McListBoxState TaskList(const Paper& paper);
+void DrawListIn(const Paper& paper, int left, int top, int width, int height, McListBoxState look);
+// Tables and columns, some of them ticked.
+void FillTree(CheckList& tree);
 void DrawBar(const Paper& paper, int left, int top, int percent); // 118 by 18
 } // namespace gallery

@@ -61,6 +61,13 @@ gui::Pixels OnScreen(Form& form) {
         const HDC from = GetDC(window);
         BitBlt(dc, 0, 0, client.right, client.bottom, from, 0, 0, SRCCOPY);
         ReleaseDC(window, from);
+        // Beside a shaped window there is the screen.
+        const HRGN shape = CreateRectRgn(0, 0, 0, 0), beside = CreateRectRgnIndirect(&client);
+        if (GetWindowRgn(window, shape) > NULLREGION &&
+            CombineRgn(beside, beside, shape, RGN_DIFF) > NULLREGION)
+            FillRgn(dc, beside, static_cast<HBRUSH>(GetStockObject(WHITE_BRUSH)));
+        DeleteObject(beside);
+        DeleteObject(shape);
     });
 }
 
