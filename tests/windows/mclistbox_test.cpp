@@ -468,6 +468,21 @@ TEST_F(Lists, ARefreshByCodeTakesThePlaceOfTheComingOne) {
     });
 }
 
+TEST_F(Lists, AHundredThousandRows) {
+    Fill(Files(), 100'000);
+    m_Ui.Run([&] {
+        Files().ListIndex(99'999);
+        EXPECT_EQ(Files().TopRow(), 99'993);
+        EXPECT_EQ(GetScrollPos(Files().Base.hWnd(), SB_VERT), 99'993);
+        Files().Remove(0);
+        EXPECT_EQ(Files().Text(), u"99999");
+        SendMessageW(Files().Base.hWnd(), WM_VSCROLL, SB_TOP, 0);
+        EXPECT_EQ(Files().TopRow(), 0);
+    });
+    EXPECT_EQ(Said(Files().Base).Children, 99'999);
+    EXPECT_EQ(Said(Files().Base, 99'999).Name, u"99999");
+}
+
 TEST_F(Lists, ItMayGoInsideItsOwnEvents) {
     const auto rows = [&] {
         Fill(Files(), 3);
