@@ -23,6 +23,7 @@ constexpr RowTitle kRows[] = {
     {299, u"CheckBox grey"},
     {331, u"OptionButtonC off"},
     {363, u"OptionButtonC on"},
+    {398, u"Combo"},
     {434, u"Text box"},
     {465, u"McListBox"},
 };
@@ -47,6 +48,7 @@ void Draw(const Paper& paper) {
         DrawToggleIn(paper, x, 296, ToggleKind::Check, 2, column);
         DrawToggleIn(paper, x, 328, ToggleKind::Option, 0, column);
         DrawToggleIn(paper, x, 360, ToggleKind::Option, 1, column);
+        DrawComboIn(paper, x, 394, 110, u"Bijoy", column);
         DrawField(paper, x, 430, 110, u"- Unicode", column);
     }
     McListBoxState tasks = TaskList(paper);

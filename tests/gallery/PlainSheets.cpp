@@ -77,8 +77,9 @@ void DrawFields(const Paper& paper) {
     for (int column = 0; column < 5; ++column) {
         paper.Heading(12 + column * 128, 9, kStates[column]);
         DrawField(paper, 12 + column * 128, 34, 110, u"- Unicode", column);
+        DrawComboIn(paper, 12 + column * 128, 70, 110, u"Bijoy", column);
     }
-    paper.Caption(12, 74, u"live");
+    paper.Caption(12, 110, u"live");
 }
 
 void PrepareFields(Form& form) {
@@ -111,20 +112,21 @@ Sheet Labels() {
 }
 
 Sheet Fields() {
-    return {
-        .Name = u"fields",
-        .Shows = {&TextBox::kKind, &ComboBox::kKind},
-        .Layout =
-            SheetLayout(660, 180) +
-            Row(u"Text", u"text", 12, 96, 150, 24, u"- Unicode", u"AccessibleName=Text") +
-            Row(u"TextLong", u"text", 172, 96, 150, 24, kSentence, u"AccessibleName=Long text") +
-            Row(u"Password", u"password", 332, 96, 150, 24, u"", u"PasswordChar=*; AccessibleName=Password") +
-            Row(u"TextOff", u"text", 492, 96, 150, 24, u"- Unicode", u"Enabled=no; AccessibleName=Disabled") +
-            Row(u"Combo", u"combo", 12, 136, 150, 24, u"", u"AccessibleName=Combo") +
-            Row(u"ComboEmpty", u"combo", 172, 136, 150, 24, u"", u"AccessibleName=No choice") +
-            Row(u"ComboOff", u"combo", 332, 136, 150, 24, u"", u"Enabled=no; AccessibleName=Disabled combo"),
-        .Draw = DrawFields,
-        .Prepare = PrepareFields};
+    return {.Name = u"fields",
+            .Shows = {&TextBox::kKind, &ComboBox::kKind},
+            .Layout = SheetLayout(660, 210) +
+                      Row(u"Text", u"text", 12, 132, 150, 24, u"- Unicode", u"AccessibleName=Text") +
+                      Row(u"TextLong", u"text", 172, 132, 150, 24, kSentence, u"AccessibleName=Long text") +
+                      Row(u"Password", u"password", 332, 132, 150, 24, u"",
+                          u"PasswordChar=*; AccessibleName=Password") +
+                      Row(u"TextOff", u"text", 492, 132, 150, 24, u"- Unicode",
+                          u"Enabled=no; AccessibleName=Disabled") +
+                      Row(u"Combo", u"combo", 12, 170, 150, 24, u"", u"AccessibleName=Combo") +
+                      Row(u"ComboEmpty", u"combo", 172, 170, 150, 24, u"", u"AccessibleName=No choice") +
+                      Row(u"ComboOff", u"combo", 332, 170, 150, 24, u"",
+                          u"Enabled=no; AccessibleName=Disabled combo"),
+            .Draw = DrawFields,
+            .Prepare = PrepareFields};
 }
 
 Sheet Surfaces() {

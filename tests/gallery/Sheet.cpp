@@ -18,6 +18,7 @@
 #include "controls/TavrelButton.h"
 #include "controls/TextBox.h"
 #include "controls/TwoColumnList.h"
+#include "controls/modXPCombo.h"
 
 #include <algorithm>
 
@@ -111,6 +112,11 @@ SheetWindow::SheetWindow(const Sheet& sheet) : m_Sheet(sheet) {
     if (sheet.Draw)
         Window.PaintGround = [this](HDC dc, const RECT&) { m_Sheet.Draw(Paper(dc, Window.Dpi())); };
     Window.Create(sheet.Layout);
+    for (Control* control : Window.Controls()) {
+        if (!control->As<ComboBox>() && !control->As<FontCombo>()) continue;
+        m_Skins.push_back(std::make_unique<cXPCombo>());
+        modXPCombo::ApplySkin(*m_Skins.back(), *control);
+    }
     if (sheet.Prepare) sheet.Prepare(Window);
 }
 

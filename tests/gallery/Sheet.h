@@ -4,6 +4,7 @@
 
 #include "controls/Font.h"
 #include "controls/Form.h"
+#include "controls/cXPCombo.h"
 
 #include <memory>
 #include <string>
@@ -46,7 +47,8 @@ std::u16string Row(std::u16string_view name, std::u16string_view kind, int left,
 // All of them, the states of all controls first.
 const std::vector<Sheet>& Sheets();
 
-// A sheet as a window. Each row of its layout gets a control of the row's kind.
+// A sheet as a window. Each row of its layout gets a control of the row's kind, each combo
+// its skin.
 class SheetWindow {
 public:
     explicit SheetWindow(const Sheet& sheet);
@@ -55,6 +57,7 @@ public:
 private:
     const Sheet& m_Sheet;
     std::vector<std::shared_ptr<void>> m_Controls;
+    std::vector<std::unique_ptr<cXPCombo>> m_Skins;
 };
 
 // The live control of that name; it must be there and of that class.

@@ -77,6 +77,16 @@ void DrawField(const Paper& paper, int left, int top, int width, std::u16string_
                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
 }
 
+void DrawComboIn(const Paper& paper, int left, int top, int width, std::u16string_view text, int column) {
+    DrawCombo(paper.Dc, paper.Place(left, top, width, 24),
+              {.Hot = column == kHover || column == kPressed,
+               .Focused = column == kFocused,
+               .Enabled = column != kDisabled,
+               .Text = text,
+               .Font = paper.Ui.Get(),
+               .Dpi = paper.Dpi});
+}
+
 McListBoxState TaskList(const Paper& paper) {
     static const std::vector<ListItem> tasks = {{u"Clipboard", 0, false},
                                                 {u"Text Files", 1, false},

@@ -20,6 +20,7 @@ void DrawButton(const Paper& paper, int left, int top, int width, int height, Ta
 // 110 by 22.
 void DrawToggleIn(const Paper& paper, int left, int top, ToggleKind kind, int value, int column);
 void DrawField(const Paper& paper, int left, int top, int width, std::u16string_view text, int column);
+void DrawComboIn(const Paper& paper, int left, int top, int width, std::u16string_view text, int column);
 // Five tasks with their pictures, without a state.
 McListBoxState TaskList(const Paper& paper);
 void DrawListIn(const Paper& paper, int left, int top, int width, int height, McListBoxState look);
