@@ -70,6 +70,8 @@ Form::Form() : Base(this, kKind) {}
 
 Form::~Form() {
     Unload();
+    // While a failure ends the program no form hears of WM_DESTROY.
+    std::erase(g_Forms, this);
     for (Control* control : m_Controls) {
         control->m_Form = nullptr;
         control->m_Container = nullptr;
