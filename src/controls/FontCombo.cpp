@@ -8,6 +8,8 @@
 #include "controls/Painting.h"
 #include "controls/Theme.h"
 
+#include <algorithm>
+
 namespace {
 
 constexpr int kRowsShown = 10;
@@ -18,6 +20,17 @@ constexpr UINT kChosen = WM_APP + 1;
 constexpr UINT kWatched[] = {WM_KEYDOWN, WM_CHAR, WM_GETOBJECT};
 
 constexpr AccessibleTable kAccessible = ComboField::Accessible<FontCombo>();
+
+// A font of one script alone would show its own name as empty boxes.
+bool HasLetters(HDC dc, HFONT face, std::u16string_view text) {
+    std::vector<WORD> glyphs(text.size());
+    const HGDIOBJ before = SelectObject(dc, face);
+    const DWORD count =
+        GetGlyphIndicesW(dc, reinterpret_cast<const wchar_t*>(text.data()), static_cast<int>(text.size()),
+                         glyphs.data(), GGI_MARK_NONEXISTING_GLYPHS);
+    SelectObject(dc, before);
+    return count == GDI_ERROR || std::find(glyphs.begin(), glyphs.end(), WORD{0xFFFF}) == glyphs.end();
+}
 
 } // namespace
 
@@ -165,6 +178,7 @@ void FontCombo::OnDrawItem(const DRAWITEMSTRUCT& item) {
     DrawFontEntry(item.hDC, item.rcItem,
                   {.Text = row.Text,
                    .Face = row.Handle.Get(),
+                   .Plain = Base.FontInUse(),
                    .Selected = (item.itemState & ODS_SELECTED) != 0,
                    .Dpi = Base.Dpi()});
 }
@@ -231,6 +245,6 @@ void DrawFontEntry(HDC dc, const RECT& place, const FontEntryState& state) {
     FillRectangle(dc, place, ground);
     RECT text = place;
     text.left += Scaled(kPadding, state.Dpi);
-    DrawTextIn(dc, state.Face, state.Text, text, ink,
-               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    const HFONT face = state.Plain && !HasLetters(dc, state.Face, state.Text) ? state.Plain : state.Face;
+    DrawTextIn(dc, face, state.Text, text, ink, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }

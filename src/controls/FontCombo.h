@@ -70,6 +70,7 @@ private:
 struct FontEntryState {
     std::u16string_view Text;
     HFONT Face = nullptr;
+    HFONT Plain = nullptr; // takes the place of a face that lacks the letters; may be null
     bool Selected = false;
     int Dpi = 96;
 };

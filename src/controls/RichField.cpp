@@ -99,6 +99,9 @@ bool Message(Control& box, UINT message, WPARAM wParam, LPARAM lParam, LRESULT& 
     case WM_PASTE:
         Paste(box.hWnd());
         return true;
+    case WM_ERASEBKGND: // its paint fills the whole ground
+        result = 1;
+        return true;
     case WM_SIZE:
         result = box.DefaultProcedure(message, wParam, lParam);
         PlaceText(box);

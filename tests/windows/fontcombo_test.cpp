@@ -232,6 +232,20 @@ TEST_F(FontCombos, AnEntryIsDrawnInItsOwnFace) {
               GetSysColor(COLOR_HIGHLIGHT));
 }
 
+TEST_F(FontCombos, AFaceWithoutTheLettersOfItsNameLeavesItReadable) {
+    const FontHandle bangla({u"Lohit Bengali", 12, false, false}, 96),
+        plain({u"Tahoma", 9, false, false}, 96);
+    const auto drawn = [&](std::u16string_view text, HFONT face, HFONT instead) {
+        return gui::Drawn(200, 24, [&](HDC dc) {
+            DrawFontEntry(dc, {0, 0, 200, 24}, {.Text = text, .Face = face, .Plain = instead});
+        });
+    };
+    EXPECT_TRUE(drawn(u"Lohit", bangla.Get(), plain.Get()) == drawn(u"Lohit", plain.Get(), nullptr));
+    EXPECT_TRUE(drawn(u"\u0995\u09BE", bangla.Get(), plain.Get()) ==
+                drawn(u"\u0995\u09BE", bangla.Get(), nullptr));
+    EXPECT_TRUE(drawn(u"", bangla.Get(), plain.Get()).Count(palette::Card) == 200 * 24);
+}
+
 TEST_F(FontCombos, TheDroppedListCanBeWiderThanTheBox) {
     RECT box;
     GetWindowRect(m_Shown->Fonts.Base.hWnd(), &box);

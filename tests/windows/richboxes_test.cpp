@@ -1,6 +1,7 @@
 // Paste box and result box: what is pasted is plain Unicode of any length in one font.
 #include "controls/Dpi.h"
 #include "controls/Label.h"
+#include "controls/Painting.h"
 #include "controls/PasteBox.h"
 #include "controls/ResultBox.h"
 #include "windows/FormTest.h"
@@ -298,6 +299,29 @@ TEST_F(Boxes, ColoursFollowStateAndContrast) {
     EXPECT_EQ(ink(), GetSysColor(COLOR_WINDOWTEXT));
     SetHighContrast(false);
     EXPECT_EQ(ground(), palette::Card);
+}
+
+TEST_F(Boxes, NothingIsErasedAndThePaintFillsTheGround) {
+    BoxesForm& form = *m_Shown;
+    m_Ui.Run([&] {
+        const HWND box = form.Paste.Base.hWnd();
+        const gui::Pixels erased = gui::Drawn(20, 20, [&](HDC dc) {
+            EXPECT_NE(SendMessageW(box, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0), 0);
+        });
+        EXPECT_EQ(erased.Count(RGB(255, 0, 255)), 400);
+        form.Paste.Text(u"x");
+        RECT client;
+        GetClientRect(box, &client);
+        const HDC dc = GetDC(box);
+        FillRectangle(dc, client, RGB(255, 0, 255));
+        form.Paste.Base.Refresh();
+        int left = 0;
+        for (int y = 0; y < client.bottom; y += 3) {
+            for (int x = 0; x < client.right; x += 3) left += GetPixel(dc, x, y) == RGB(255, 0, 255);
+        }
+        ReleaseDC(box, dc);
+        EXPECT_EQ(left, 0);
+    });
 }
 
 TEST_F(Boxes, ScreenReadersGetNameTextAndChanges) {
