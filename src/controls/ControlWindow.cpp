@@ -121,7 +121,8 @@ LRESULT CALLBACK Control::WindowProcedure(HWND window, UINT message, WPARAM wPar
         return system ? CallWindowProcW(system, window, message, wParam, lParam)
                       : DefWindowProcW(window, message, wParam, lParam);
     }
-    if (EventFrame::Ending()) return control->DefaultProcedure(message, wParam, lParam);
+    // Of a control that is going, the system's part still needs its last messages.
+    if (EventFrame::Ending() || !control->m_Life) return control->DefaultProcedure(message, wParam, lParam);
     return EventFrame::Run<LRESULT>(0, [&] { return control->Dispatch(message, wParam, lParam); });
 }
 
