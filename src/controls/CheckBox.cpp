@@ -4,25 +4,14 @@
 #include "base/RuntimeFailure.h"
 
 namespace {
-
-LONG SpokenState(void* self, int) {
-    const ToggleState state = static_cast<CheckBox*>(self)->State();
-    return (state.Value == 1   ? STATE_SYSTEM_CHECKED
-            : state.Value == 2 ? STATE_SYSTEM_MIXED
-                               : 0) |
-           (state.Pressed ? STATE_SYSTEM_PRESSED : 0) | (state.Hovering ? STATE_SYSTEM_HOTTRACKED : 0);
-}
-
-std::u16string Action(void* self, int) {
-    return static_cast<CheckBox*>(self)->Value() == 0 ? u"Check" : u"Uncheck";
-}
-
 constexpr AccessibleTable kAccessible{
     .Role = ROLE_SYSTEM_CHECKBUTTON,
-    .State = SpokenState,
-    .DefaultAction = Action,
+    .State = [](void* self, int) { return SpokenState(static_cast<CheckBox*>(self)->State()); },
+    .DefaultAction =
+        [](void* self, int) {
+            return std::u16string(static_cast<CheckBox*>(self)->Value() == 0 ? u"Check" : u"Uncheck");
+        },
 };
-
 } // namespace
 
 const ControlKind CheckBox::kKind{
@@ -38,66 +27,24 @@ const ControlKind CheckBox::kKind{
     .Accessible = &kAccessible,
 };
 
-void CheckBox::Value(int value) {
+int CheckBox::Checked(int value) const {
     if (value < 0 || value > 2) throw RuntimeFailure(kInvalidPropertyValue, Base.FullName());
-    if (value != m_Value) {
-        m_Value = value;
-        Base.Invalidate();
-        Base.Notify(EVENT_OBJECT_STATECHANGE);
-    }
+    return value;
+}
+
+void CheckBox::Value(int value) {
+    m_Toggle.Value(Checked(value));
     Raise(Click);
-}
-
-void CheckBox::ForeColor(OleColour colour) {
-    m_ForeColor = colour;
-    Base.Invalidate();
-}
-
-void CheckBox::BackColor(OleColour colour) {
-    m_BackColor = colour;
-    Base.Invalidate();
 }
 
 // A value of the layout is there from the start, without Click.
 bool CheckBox::OnProperty(std::u16string_view name, std::u16string_view value) {
-    if (name == u"Value") {
-        m_Value = ParseNumber(value);
-        if (m_Value < 0 || m_Value > 2) throw RuntimeFailure(kInvalidPropertyValue, Base.FullName());
-    } else if (name == u"ForeColor") {
-        ForeColor(ParseColour(value));
-    } else if (name == u"BackColor") {
-        BackColor(ParseColour(value));
-    } else {
-        return false;
-    }
+    if (name != u"Value") return m_Toggle.OnProperty(name, value);
+    m_Toggle.Value(Checked(ParseNumber(value)));
     return true;
 }
 
-ToggleState CheckBox::State() {
-    return {.Kind = ToggleKind::Check,
-            .Value = m_Value,
-            .Caption = Base.Caption(),
-            .Font = Base.FontInUse(),
-            .ForeColor = m_ForeColor,
-            .BackColor = m_BackColor,
-            .Enabled = Base.EnabledInAll(),
-            .Hovering = m_Input.Hovering(),
-            .Pressed = m_Input.Pressed(),
-            .Focused = Base.HasFocus(),
-            .Dpi = Base.Dpi()};
-}
-
 bool CheckBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
-    const StillThere here(Base);
-    const bool done = m_Input.OnMessage(Base, message, wParam, lParam, [this] { OnPress(); });
-    if (here && message == WM_MOUSEMOVE) {
-        const MouseAt mouse = ReadMouse(message, wParam, lParam, Base.Dpi());
-        Raise(MouseMove, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
-    }
-    return done;
-}
-
-void CheckBox::OnChanged(Change what) {
-    if ((what == Change::Focus && !Base.HasFocus()) || (what == Change::Enabled && !Base.EnabledInAll()))
-        m_Input.LetGo(Base);
+    return m_Toggle.OnMessage(
+        message, wParam, lParam, [this] { OnPress(); }, MouseMove);
 }

@@ -46,6 +46,7 @@ struct ControlKind {
     void (*Place)(void* self, const RECT& pixels) = nullptr; // moves the window; else the kit does
     void (*Press)(void* self) = nullptr;                     // what Enter, Esc or the access key does
     bool (*WantsKey)(void* self, WPARAM key) = nullptr;      // keeps Enter, Esc for itself
+    bool (*TakesTab)(void* self) = nullptr; // false: Tab passes it by for another of its group
     const AccessibleTable* Accessible = nullptr;
 };
 

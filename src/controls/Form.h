@@ -67,7 +67,7 @@ public:
     // The control of that name ("Label_Display(2)" in an array); null where there is none.
     Control* Find(std::u16string_view fullName) const;
     // Gives the focus to the next usable control in the tab order, behind from.
-    void FocusNext(const Control& from, bool backwards = false);
+    void FocusNext(const Control& from);
 
     // In the layout: CaptionBar=yes for a window with the system's caption bar, whose size is
     // then that of the inside; Shape=101 for the region "CUSTOM" 101 of the resources.
@@ -117,7 +117,9 @@ private:
 
     // FormKeys.cpp
     std::vector<Control*> TabOrder() const;
+    std::vector<Control*> TabStops() const;
     void FocusFirst();
+    void FocusNext(std::vector<Control*> order, const Control& from, bool backwards);
     void KeepFocusUsable(const Control* focused);
     bool FilterKey(const MSG& message);
     bool PressButton(Control* button);

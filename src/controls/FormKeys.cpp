@@ -33,7 +33,7 @@ bool Form::FilterKey(const MSG& message) {
         if (focused == &Base)
             FocusFirst();
         else
-            FocusNext(*focused, GetKeyState(VK_SHIFT) < 0);
+            FocusNext(TabStops(), *focused, GetKeyState(VK_SHIFT) < 0);
         return true;
     }
     if (key != VK_RETURN && key != VK_ESCAPE) return false;
@@ -85,8 +85,17 @@ std::vector<Control*> Form::TabOrder() const {
     return order;
 }
 
+// What Tab and the first focus come to: one of each group.
+std::vector<Control*> Form::TabStops() const {
+    std::vector<Control*> stops = TabOrder();
+    std::erase_if(stops, [](const Control* control) {
+        return control->Kind().TakesTab && !control->Kind().TakesTab(control->m_Owner);
+    });
+    return stops;
+}
+
 void Form::FocusFirst() {
-    for (Control* control : TabOrder()) {
+    for (Control* control : TabStops()) {
         if (!control->Usable()) continue;
         control->SetFocus();
         return;
@@ -99,8 +108,11 @@ void Form::KeepFocusUsable(const Control* focused) {
     FocusNext(*focused);
 }
 
-void Form::FocusNext(const Control& from, bool backwards) {
-    std::vector<Control*> order = TabOrder();
+void Form::FocusNext(const Control& from) {
+    FocusNext(TabOrder(), from, false);
+}
+
+void Form::FocusNext(std::vector<Control*> order, const Control& from, bool backwards) {
     // Up to from, or to where it would stand, goes to the end.
     auto behind = std::find(order.begin(), order.end(), &from);
     if (behind != order.end())

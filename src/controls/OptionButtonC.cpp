@@ -1,27 +1,17 @@
-// Tested by tests/windows/toggle_test.cpp.
+// Tested by tests/windows/toggle_test.cpp and option_keys_test.cpp.
 #include "controls/OptionButtonC.h"
 
 #include "controls/Form.h"
 
+#include <algorithm>
 #include <utility>
-#include <vector>
 
 namespace {
 
-LONG SpokenState(void* self, int) {
-    const ToggleState state = static_cast<OptionButtonC*>(self)->State();
-    return (state.Value ? STATE_SYSTEM_CHECKED : 0) | (state.Pressed ? STATE_SYSTEM_PRESSED : 0) |
-           (state.Hovering ? STATE_SYSTEM_HOTTRACKED : 0);
-}
-
-std::u16string Action(void*, int) {
-    return u"Check";
-}
-
 constexpr AccessibleTable kAccessible{
     .Role = ROLE_SYSTEM_RADIOBUTTON,
-    .State = SpokenState,
-    .DefaultAction = Action,
+    .State = [](void* self, int) { return SpokenState(static_cast<OptionButtonC*>(self)->State()); },
+    .DefaultAction = [](void*, int) { return std::u16string(u"Check"); },
 };
 
 // What an array's controls have in common: the part of a name in front of "(".
@@ -42,6 +32,7 @@ const ControlKind OptionButtonC::kKind{
     .Message = Entry<&OptionButtonC::OnMessage>::Call,
     .Changed = Entry<&OptionButtonC::OnChanged>::Call,
     .Press = Entry<&OptionButtonC::OnPress>::Call,
+    .TakesTab = Entry<&OptionButtonC::TakesTab>::Call,
     .Accessible = &kAccessible,
 };
 
@@ -49,81 +40,84 @@ void OptionButtonC::Value(bool value) {
     const StillThere here(Base);
     if (value) ClearSisters();
     if (!here) return;
-    if (value != m_Value) {
-        m_Value = value;
-        Base.Invalidate();
-        Base.Notify(EVENT_OBJECT_STATECHANGE);
-    }
+    m_Toggle.Value(value);
     if (Base.Enabled()) Raise(Click);
+}
+
+// Itself and its sisters, in the order of the form.
+std::vector<OptionButtonC*> OptionButtonC::Group() const {
+    std::vector<OptionButtonC*> group;
+    const Form* form = Base.Parent();
+    if (!form) return group;
+    for (const Control* control : form->Controls()) {
+        auto* option = control->As<OptionButtonC>();
+        if (option && option->Base.Container() == Base.Container() &&
+            GroupName(option->Base) == GroupName(Base))
+            group.push_back(option);
+    }
+    return group;
+}
+
+// Those of them that can be reached, in the tab order.
+std::vector<OptionButtonC*> OptionButtonC::UsableGroup() const {
+    std::vector<OptionButtonC*> group = Group();
+    std::erase_if(group, [](const OptionButtonC* option) {
+        return option->Base.TabIndex() < 0 || !option->Base.Usable();
+    });
+    std::stable_sort(group.begin(), group.end(), [](const OptionButtonC* a, const OptionButtonC* b) {
+        return a->Base.TabIndex() < b->Base.TabIndex();
+    });
+    return group;
 }
 
 // The handlers of the sisters may change or destroy anything on the form.
 void OptionButtonC::ClearSisters() {
-    const Form* form = Base.Parent();
-    if (!form) return;
-    const StillThere here(Base);
     std::vector<std::pair<StillThere, OptionButtonC*>> sisters;
-    for (const Control* control : form->Controls()) {
-        auto* sister = control->As<OptionButtonC>();
-        if (sister && sister != this && sister->Base.Container() == Base.Container() &&
-            GroupName(sister->Base) == GroupName(Base))
-            sisters.emplace_back(sister->Base, sister);
+    for (OptionButtonC* sister : Group()) {
+        if (sister != this) sisters.emplace_back(sister->Base, sister);
     }
+    const StillThere here(Base);
     for (const auto& [there, sister] : sisters) {
         if (!here) return;
         if (there) sister->Value(false);
     }
 }
 
-void OptionButtonC::ForeColor(OleColour colour) {
-    m_ForeColor = colour;
-    Base.Invalidate();
-}
-
-void OptionButtonC::BackColor(OleColour colour) {
-    m_BackColor = colour;
-    Base.Invalidate();
-}
-
 // A value of the layout is there from the start, without Click.
 bool OptionButtonC::OnProperty(std::u16string_view name, std::u16string_view value) {
-    if (name == u"Value") {
-        m_Value = ParseYesNo(value);
-    } else if (name == u"ForeColor") {
-        ForeColor(ParseColour(value));
-    } else if (name == u"BackColor") {
-        BackColor(ParseColour(value));
-    } else {
-        return false;
-    }
+    if (name != u"Value") return m_Toggle.OnProperty(name, value);
+    m_Toggle.Value(ParseYesNo(value));
     return true;
 }
 
-ToggleState OptionButtonC::State() {
-    return {.Kind = ToggleKind::Option,
-            .Value = m_Value ? 1 : 0,
-            .Caption = Base.Caption(),
-            .Font = Base.FontInUse(),
-            .ForeColor = m_ForeColor,
-            .BackColor = m_BackColor,
-            .Enabled = Base.EnabledInAll(),
-            .Hovering = m_Input.Hovering(),
-            .Pressed = m_Input.Pressed(),
-            .Focused = Base.HasFocus(),
-            .Dpi = Base.Dpi()};
-}
-
 bool OptionButtonC::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
-    const StillThere here(Base);
-    const bool done = m_Input.OnMessage(Base, message, wParam, lParam, [this] { OnPress(); });
-    if (here && message == WM_MOUSEMOVE) {
-        const MouseAt mouse = ReadMouse(message, wParam, lParam, Base.Dpi());
-        Raise(MouseMove, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
-    }
-    return done;
+    if (message == WM_KEYDOWN && OnArrow(wParam)) return true;
+    return m_Toggle.OnMessage(
+        message, wParam, lParam, [this] { OnPress(); }, MouseMove);
 }
 
-void OptionButtonC::OnChanged(Change what) {
-    if ((what == Change::Focus && !Base.HasFocus()) || (what == Change::Enabled && !Base.EnabledInAll()))
-        m_Input.LetGo(Base);
+// The arrows choose the next or previous one of the group, and go round at its ends.
+bool OptionButtonC::OnArrow(WPARAM key) {
+    const bool on = key == VK_RIGHT || key == VK_DOWN;
+    if (!on && key != VK_LEFT && key != VK_UP) return false;
+    std::vector<OptionButtonC*> group = UsableGroup();
+    if (!on) std::reverse(group.begin(), group.end());
+    const auto self = std::find(group.begin(), group.end(), this);
+    if (self == group.end() || group.size() == 1) return true;
+    OptionButtonC* chosen = self + 1 == group.end() ? group.front() : *(self + 1);
+    const StillThere there(chosen->Base);
+    chosen->Base.SetFocus();
+    if (there) chosen->Value(true);
+    return true;
+}
+
+// One of the group does: where the focus is, else the chosen one, else the first.
+bool OptionButtonC::TakesTab() const {
+    const std::vector<OptionButtonC*> group = UsableGroup();
+    if (group.empty()) return false;
+    const auto focused = [](const OptionButtonC* option) { return option->Base.HasFocus(); };
+    const auto set = [](const OptionButtonC* option) { return option->Value(); };
+    auto taker = std::find_if(group.begin(), group.end(), focused);
+    if (taker == group.end()) taker = std::find_if(group.begin(), group.end(), set);
+    return (taker == group.end() ? group.front() : *taker) == this;
 }

@@ -1,8 +1,10 @@
-// A toggle of a group: setting one control of a control array clears the others of the same
-// container. Drawn from pictures.
+// A toggle of a group: of a control array in one container one is chosen at the most.
+// Drawn from pictures.
 #pragma once
 
 #include "controls/Toggle.h"
+
+#include <vector>
 
 class OptionButtonC {
 public:
@@ -14,16 +16,16 @@ public:
     void Caption(std::u16string_view caption) { Base.Caption(caption); }
     // Setting true clears the sisters first, each with its own Click; then an enabled control
     // raises Click, also where its value stays the same.
-    bool Value() const { return m_Value; }
+    bool Value() const { return m_Toggle.Value() != 0; }
     void Value(bool value);
-    OleColour ForeColor() const { return m_ForeColor; }
-    void ForeColor(OleColour colour);
+    OleColour ForeColor() const { return m_Toggle.ForeColor(); }
+    void ForeColor(OleColour colour) { m_Toggle.ForeColor(colour); }
     // kButtonFace, as it comes, leaves the ground of the container.
-    OleColour BackColor() const { return m_BackColor; }
-    void BackColor(OleColour colour);
+    OleColour BackColor() const { return m_Toggle.BackColor(); }
+    void BackColor(OleColour colour) { m_Toggle.BackColor(colour); }
 
     // What DrawToggle is given; valid until the next change.
-    ToggleState State();
+    ToggleState State() { return m_Toggle.State(); }
 
     std::function<void(int Button, int Shift, int X, int Y)> MouseMove; // X, Y in twips
     std::function<void()> Click;
@@ -32,11 +34,14 @@ private:
     bool OnProperty(std::u16string_view name, std::u16string_view value);
     void OnPaint(HDC dc, const RECT& client) { DrawToggle(dc, client, State()); }
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    void OnChanged(Change what);
+    void OnChanged(Change what) { m_Toggle.OnChanged(what); }
     void OnPress() { Value(true); }
+    bool OnArrow(WPARAM key);
+    bool TakesTab() const;
+
+    std::vector<OptionButtonC*> Group() const;
+    std::vector<OptionButtonC*> UsableGroup() const;
     void ClearSisters();
 
-    bool m_Value = false;
-    OleColour m_ForeColor = 0, m_BackColor = kButtonFace;
-    ToggleInput m_Input;
+    Toggle m_Toggle{Base, ToggleKind::Option};
 };

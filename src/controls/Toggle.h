@@ -1,4 +1,5 @@
-// What CheckBox and OptionButtonC share: their look, and what mouse and keys do to them.
+// What CheckBox and OptionButtonC share: their look, and all that mouse, keys and properties
+// do to them. They differ in their values and in what a press means.
 #pragma once
 
 #include "controls/Control.h"
@@ -29,22 +30,42 @@ void DrawToggle(HDC dc, const RECT& place, const ToggleState& state);
 std::u16string WrapCaption(std::u16string_view caption, int width,
                            const std::function<int(std::u16string_view line)>& widthOf);
 
-// Follows mouse and space bar.
-class ToggleInput {
+// The state that screen readers are told.
+LONG SpokenState(const ToggleState& state);
+
+class Toggle {
 public:
-    bool Hovering() const { return m_Hovering; }
-    // Held down, and for the mouse: still over the control.
-    bool Pressed() const { return m_SpaceHeld || (m_MouseHeld && m_Hovering); }
-    // True where the message has been dealt with. released is called last, when the user has
-    // toggled: it may destroy the control.
-    bool OnMessage(Control& control, UINT message, WPARAM wParam, LPARAM lParam,
-                   const std::function<void()>& released);
-    // The focus has gone, or the control has been disabled.
-    void LetGo(Control& control);
+    // base is that of the control which holds the toggle.
+    Toggle(Control& base, ToggleKind kind) : m_Base(base), m_Kind(kind) {}
+
+    int Value() const { return m_Value; }
+    // Repaints and tells screen readers, where it is another; no event comes from here.
+    void Value(int value);
+    OleColour ForeColor() const { return m_ForeColor; }
+    void ForeColor(OleColour colour);
+    OleColour BackColor() const { return m_BackColor; }
+    void BackColor(OleColour colour);
+    // What DrawToggle is given; valid until the next change.
+    ToggleState State();
+
+    // Deals with the colours; a control's own values are its own.
+    bool OnProperty(std::u16string_view name, std::u16string_view value);
+    // press is what the user's release means, and it may destroy the control; so may the
+    // handler of mouseMove.
+    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, const std::function<void()>& press,
+                   const std::function<void(int, int, int, int)>& mouseMove);
+    void OnChanged(Change what);
 
 private:
-    void Hover(Control& control, POINT at);
-    void SetHeld(Control& control, bool mouse, bool space);
+    bool OnInput(UINT message, WPARAM wParam, LPARAM lParam, const std::function<void()>& press);
+    void Hover(POINT at);
+    void SetHeld(bool mouse, bool space);
+    // Held down, and for the mouse: still over the control.
+    bool Pressed() const { return m_SpaceHeld || (m_MouseHeld && m_Hovering); }
 
+    Control& m_Base;
+    ToggleKind m_Kind;
+    int m_Value = 0;
+    OleColour m_ForeColor = 0, m_BackColor = kButtonFace;
     bool m_Hovering = false, m_MouseHeld = false, m_SpaceHeld = false;
 };

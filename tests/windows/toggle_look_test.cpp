@@ -78,8 +78,7 @@ TEST_F(ToggleLook, EveryGlyphIsItsPicture) {
                 const gui::Pixels expected = gui::Drawn(side, side, [&](HDC dc) {
                     picture.Draw(dc, {0, 0, side, side}, dpi);
                 });
-                const int height = LineHeight(state.Font) + 2 * (side - LineHeight(state.Font));
-                const gui::Pixels drawn = Draw(side + 20, std::max(height, side), state);
+                const gui::Pixels drawn = Draw(side + 20, side + LineHeight(state.Font), state);
                 const int top = [&] {
                     for (int y = 0; y < drawn.Height; ++y) {
                         if (drawn.Count(kMagenta, {0, y, side, y + 1}) != side) return y;
@@ -99,11 +98,23 @@ TEST_F(ToggleLook, TheCaptionBeginsAt15AndStandsInTheMiddle) {
     const gui::Pixels drawn = Draw(100, 41, State(u"H"));
     const RECT letter = BoxOf(drawn, RGB(0, 0, 255));
     const gui::Pixels alone = gui::Drawn(100, 41, [&](HDC dc) {
-        RECT place{15, (41 - LineHeight(m_Font.Get())) / 2, 100, 41};
+        RECT place{15, (41 - LineHeight(m_Font.Get()) + 1) / 2, 100, 41};
         DrawTextIn(dc, m_Font.Get(), u"H", place, RGB(0, 0, 255), DT_SINGLELINE);
     });
     const RECT expected = BoxOf(alone, RGB(0, 0, 255));
     ExpectBox(letter, expected.left, expected.top, expected.right, expected.bottom);
+}
+
+// The design's toggle of 22 pixels with one line of 15: the glyph from 5, the focus from 2 to 21.
+TEST_F(ToggleLook, AnOddRestLiesAbove) {
+    for (const int height : {21, 22}) {
+        const gui::Pixels drawn = Draw(100, height, State());
+        int above = 0, below = 0;
+        while (drawn.Count(kMagenta, {0, above, 13, above + 1}) == 13) ++above;
+        while (drawn.Count(kMagenta, {0, height - below - 1, 13, height - below}) == 13) ++below;
+        EXPECT_EQ(above + below, height - 13);
+        EXPECT_EQ(above - below, (height - 13) % 2) << height;
+    }
 }
 
 TEST_F(ToggleLook, LinesStandOneBelowTheOtherAndTheGlyphAtTheFirst) {
@@ -127,7 +138,7 @@ TEST_F(ToggleLook, TheFocusRectangleGoesRoundTheCaption) {
     state.Focused = true;
     const gui::Pixels drawn = Draw(100, 30, state);
     const SIZE text = TextSize(m_Font.Get(), u"HHH");
-    const LONG top = (30 - text.cy) / 2;
+    const LONG top = (30 - text.cy + 1) / 2;
     ExpectBox(BoxOf(drawn, palette::Ink), 13, top - 2, 15 + text.cx + 2, top + text.cy + 2);
     // In a control that is too small it stays inside.
     const gui::Pixels small = Draw(30, 12, state);
