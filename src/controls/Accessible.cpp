@@ -128,11 +128,12 @@ public:
         out->vt = VT_EMPTY;
         return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) {
             LONG state = table.State ? table.State(Self(control), child) : 0;
-            if (!control.EnabledInAll()) state |= STATE_SYSTEM_UNAVAILABLE;
+            const bool enabled = control.EnabledInAll() && !control.FormDisabled();
+            if (!enabled) state |= STATE_SYSTEM_UNAVAILABLE;
             if (table.Ornament || !IsWindowVisible(control.hWnd()) || control.Covered())
                 state |= STATE_SYSTEM_INVISIBLE;
             if (child == 0 && control.Kind().Focusable) {
-                if (control.EnabledInAll()) state |= STATE_SYSTEM_FOCUSABLE;
+                if (enabled) state |= STATE_SYSTEM_FOCUSABLE;
                 if (control.HasFocus()) state |= STATE_SYSTEM_FOCUSED;
             }
             Number(out, state);
@@ -192,7 +193,7 @@ public:
     HRESULT STDMETHODCALLTYPE accSelect(LONG flags, VARIANT which) override {
         return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) -> HRESULT {
             if ((flags & SELFLAG_TAKESELECTION) && child > 0 && table.SelectChild) {
-                if (!control.EnabledInAll()) return S_FALSE;
+                if (!control.Usable()) return S_FALSE;
                 table.SelectChild(Self(control), child);
             } else if (!(flags & SELFLAG_TAKEFOCUS)) {
                 return E_INVALIDARG;
@@ -264,13 +265,9 @@ public:
         return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) -> HRESULT {
             // As for the mouse: what cannot be reached is not pressed.
             if (!control.Usable()) return S_FALSE;
-            if (table.DoDefault)
-                table.DoDefault(Self(control), child);
-            else if (child == 0 && control.Kind().Press)
-                control.Kind().Press(Self(control));
-            else
-                return S_FALSE;
-            return S_OK;
+            if (!table.DoDefault && (child > 0 || !control.Kind().Press)) return S_FALSE;
+            return PostMessageW(control.hWnd(), kDefaultAction, static_cast<WPARAM>(child), 0) ? S_OK
+                                                                                               : E_FAIL;
         });
     }
 

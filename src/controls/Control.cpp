@@ -189,8 +189,12 @@ bool Control::Covered() const {
     return false;
 }
 
+bool Control::FormDisabled() const {
+    return m_Form && !IsWindowEnabled(m_Form->Base.m_hWnd);
+}
+
 bool Control::Usable() const {
-    if (!m_hWnd || !EnabledInAll()) return false;
+    if (!m_hWnd || !EnabledInAll() || FormDisabled()) return false;
     for (const Control* control = this; control->m_Container; control = control->m_Container) {
         if (!control->m_Visible) return false;
     }

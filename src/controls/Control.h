@@ -130,7 +130,9 @@ public:
     bool EnabledInAll() const;
     // Lies in a container that a raised sibling covers.
     bool Covered() const;
-    // Can be reached: enabled, visible and covered by nothing.
+    // Its form takes no input: a modal form or a box of the system stands in front of it.
+    bool FormDisabled() const;
+    // Can be reached: enabled, visible and covered by nothing, its form too.
     bool Usable() const;
 
     // Measures for painting.
@@ -172,6 +174,7 @@ private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Answer(UINT message, WPARAM wParam, LPARAM lParam);
+    void DefaultAction(int child);
     bool Reflect(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
     void* m_Owner;

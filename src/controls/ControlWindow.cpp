@@ -134,11 +134,27 @@ LRESULT Control::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
         if (!here || !m_hWnd) return 0;
     }
     LRESULT result = 0;
+    if (message == kDefaultAction) {
+        DefaultAction(static_cast<int>(wParam));
+        return 0;
+    }
     if (m_Kind->Message && m_Kind->Message(m_Owner, message, wParam, lParam, result)) return result;
     if (!here || !m_hWnd || message == WM_NCDESTROY) return 0;
     if (Reflect(message, wParam, lParam, result)) return result;
     if (!here || !m_hWnd) return 0;
     return Answer(message, wParam, lParam);
+}
+
+// Meanwhile it may have got out of reach.
+void Control::DefaultAction(int child) {
+    if (!Usable()) return;
+    const AccessibleTable* table = m_Kind->Accessible;
+    const int rows = table && table->ChildCount ? table->ChildCount(m_Owner) : 0;
+    if (child < 0 || child > rows) return;
+    if (table && table->DoDefault)
+        table->DoDefault(m_Owner, child);
+    else if (child == 0 && m_Kind->Press)
+        m_Kind->Press(m_Owner);
 }
 
 bool Control::Reflect(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {

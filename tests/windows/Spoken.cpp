@@ -1,5 +1,7 @@
 #include "windows/Spoken.h"
 
+#include "controls/Accessible.h"
+
 #include <algorithm>
 #include <mutex>
 #include <tuple>
@@ -69,7 +71,12 @@ Spoken Ask(HWND window, int child) {
 
 HRESULT DoDefault(HWND window, int child) {
     const Object object(window);
-    return object.Is ? object.Is->accDoDefaultAction(Number(child)) : E_FAIL;
+    if (!object.Is) return E_FAIL;
+    const HRESULT result = object.Is->accDoDefaultAction(Number(child));
+    MSG message;
+    while (PeekMessageW(&message, window, kDefaultAction, kDefaultAction, PM_REMOVE))
+        DispatchMessageW(&message);
+    return result;
 }
 
 HeardEvents::HeardEvents() {

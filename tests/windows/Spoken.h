@@ -18,7 +18,7 @@ struct Spoken {
 };
 // child 0 is the control, its rows count from 1. On the window's thread.
 Spoken Ask(HWND window, int child = 0);
-// Does the default action.
+// Does the default action; on the window's thread it has been done when the call is back.
 HRESULT DoDefault(HWND window, int child = 0);
 
 // The events that windows of this process raise while the object lives.
