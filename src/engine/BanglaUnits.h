@@ -34,10 +34,19 @@ inline std::uint8_t ClassOf(char16_t unit) {
     return index < 128 ? kClasses[index] : 0;
 }
 
-// A marker that the linear passes take: one unit that no pass reads or writes otherwise.
-inline bool IsOrdinaryMarker(std::u16string_view marker) {
-    return marker.size() == 1 && ClassOf(marker[0]) == 0 && marker[0] != kUnitAa &&
-           marker[0] != kUnitNonJoiner;
+// The unit of a marker of one unit; no unit for any other.
+inline constexpr char32_t kNoUnit = 0x110000;
+inline char32_t UnitOf(std::u16string_view marker) {
+    return marker.size() == 1 ? marker[0] : kNoUnit;
+}
+
+// One unit each, different, and no unit that the passes read or write otherwise.
+inline bool AreOrdinaryMarkers(std::u16string_view reph, std::u16string_view yaPhala) {
+    const auto isOrdinary = [](std::u16string_view marker) {
+        return marker.size() == 1 && ClassOf(marker[0]) == 0 && marker[0] != kUnitAa &&
+               marker[0] != kUnitNonJoiner;
+    };
+    return isOrdinary(reph) && isOrdinary(yaPhala) && reph != yaPhala;
 }
 
 } // namespace bangla

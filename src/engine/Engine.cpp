@@ -1,6 +1,6 @@
 // From fast to slow: the machine for rules and passes; the machine for rules alone, then the
-// passes over the line; rule after rule, then the passes. Markers that the linear passes do not
-// take make the passes literal and leave the machine with the rules.
+// passes over the line; rule after rule, then the passes. Markers that the passes read otherwise,
+// or of several units, leave the machine with the rules.
 //
 // Tested by tests/unit/engine/clsConvert_test.cpp and Differential_test.cpp.
 
@@ -8,7 +8,6 @@
 
 #include "base/Text.h"
 #include "engine/BanglaUnits.h"
-#include "engine/LiteralPasses.h"
 #include "engine/PlainRules.h"
 
 namespace {
@@ -52,21 +51,18 @@ void Engine::Derive() {
     if (m_Table.IsErased() || m_Table.m_Find.size() > RuleTable::kMostRules) return;
     const std::u16string& reph = m_Table.m_RephMarker;
     const std::u16string& yaPhala = m_Table.m_YaPhalaMarker;
-    m_OrdinaryMarkers =
-        bangla::IsOrdinaryMarker(reph) && bangla::IsOrdinaryMarker(yaPhala) && reph != yaPhala;
+    m_Passes.SetMarkers(reph, yaPhala);
+    const bool ordinaryMarkers = bangla::AreOrdinaryMarkers(reph, yaPhala);
     m_Chain.Build(m_Table);
     m_Growth.Build(m_Table);
     std::u16string known = m_Chain.UnitsInFinds();
     for (char16_t unit = 0x0980; unit < 0x0A00; ++unit) {
         if (bangla::ClassOf(unit) != 0) known += unit;
     }
-    if (m_OrdinaryMarkers) {
-        m_Passes.SetMarkers(reph[0], yaPhala[0]);
-        known += reph + yaPhala;
-    }
+    if (ordinaryMarkers) known += reph + yaPhala;
     if (!m_Alphabet.Build(known)) return;
     m_Rules.machine.emplace(m_Alphabet, m_Chain, nullptr, m_Limits.Machine);
-    if (!m_OrdinaryMarkers) return;
+    if (!ordinaryMarkers) return;
     m_Segments.Build();
     m_Whole.machine.emplace(m_Alphabet, m_Chain, &m_Segments, m_Limits.Machine);
     m_SyllablePasses.SetMarkers(reph[0], yaPhala[0]);
@@ -115,23 +111,6 @@ void Engine::ConvertByLine(std::u16string_view line, UnitBuffer& output) {
         ApplyRules(m_Table, m_Work, m_Spare);
         m_Line.Append(m_Work);
     }
-    ApplyPasses();
+    m_Passes.Run(m_Line);
     output.Append(m_Line.View());
-}
-
-void Engine::ApplyPasses() {
-    if (m_OrdinaryMarkers) {
-        m_Passes.Run(m_Line);
-        return;
-    }
-    m_Work.assign(m_Line.View());
-    const literal::Markers markers{m_Table.m_RephMarker, m_Table.m_YaPhalaMarker};
-    literal::ResolveReph(m_Work, markers);
-    literal::ReorderChandrabindu(m_Work, markers);
-    literal::ResolveYaPhala(m_Work, markers);
-    m_Line.Clear();
-    m_Line.Append(m_Work);
-    m_Passes.ComposeAa(m_Line);
-    m_Passes.ReorderPreBaseKars(m_Line);
-    m_Passes.ComposeSplitKars(m_Line);
 }

@@ -21,12 +21,14 @@
 
 struct EngineLimits {
     MachineLimits Machine;
-    std::size_t LinesAfterGivingUp = 64; // converted without the machine before it is tried again
+    std::size_t LinesAfterGivingUp = 64;    // converted without the machine before it is tried again
+    std::size_t LongestLine = kLongestLine; // for what the passes make
 };
 
 class Engine {
 public:
-    explicit Engine(const EngineLimits& limits = {}) : m_Limits(limits), m_Segments(m_Passes) {}
+    explicit Engine(const EngineLimits& limits = {})
+        : m_Limits(limits), m_Passes(limits.LongestLine), m_Segments(m_Passes) {}
     Engine(const Engine&) = delete;
     Engine& operator=(const Engine&) = delete;
 
@@ -64,7 +66,6 @@ private:
     };
 
     void Derive();
-    void ApplyPasses();
     template <class Unit>
     bool RunFast(Fast& fast, std::basic_string_view<Unit> line, UnitBuffer& output);
 
@@ -75,7 +76,6 @@ private:
     Alphabet m_Alphabet;
     LinearPasses m_Passes;
     Segments m_Segments;
-    bool m_OrdinaryMarkers = false;
     Fast m_Whole, m_Rules;
     SyllablePasses m_SyllablePasses;
     std::optional<SyllableMachine> m_Lines16, m_Lines8;

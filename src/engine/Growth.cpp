@@ -8,7 +8,6 @@
 #include "engine/Growth.h"
 
 #include "base/Text.h"
-#include "engine/LiteralPasses.h"
 
 #include <algorithm>
 

@@ -3,8 +3,12 @@
 
 #include "engine/RuleTable.h"
 
+#include <cstddef>
 #include <string_view>
 #include <vector>
+
+// A line that grows beyond this many units raises failure 14.
+inline constexpr std::size_t kLongestLine = std::size_t{1} << 29;
 
 class Growth {
 public:

@@ -1,31 +1,17 @@
-// The literal passes start each scan anew, so that a line of markers costs its length
-// squared. Here each pass walks once and carries along what a scan would have found. Why
-// that gives the same text is told at each pass. Positions are 0-based but in ResolveReph.
+// Scans that start anew for each sign cost a line of signs its length squared. Here each pass walks
+// once and carries along what a scan would have found. Why that gives the same text is told at each
+// pass.
 //
 // Tested by tests/unit/engine/Passes_test.cpp, Exhaustive_test.cpp, Differential_test.cpp and
 // HostileLines_test.cpp.
 
 #include "engine/LinearPasses.h"
 
-#include "base/RuntimeFailure.h"
-#include "engine/BanglaUnits.h"
-#include "engine/LiteralPasses.h"
 #include "engine/WorkCounter.h"
-
-#include <cstring>
 
 using namespace bangla;
 
 namespace {
-
-void Slide(char16_t* to, const char16_t* from, std::size_t count) {
-    CountWork(count);
-    std::memmove(to, from, count * sizeof(char16_t));
-}
-
-void CheckGrowth(std::size_t length) {
-    if (length > kLongestLine) throw RuntimeFailure(kOutOfStringSpace, u"clsConvert");
-}
 
 // Replaces sign and mate by composed, the units behind moving up.
 template <class Compose>
@@ -44,9 +30,12 @@ void ComposePairs(UnitBuffer& line, Compose composed) {
 
 } // namespace
 
-void LinearPasses::SetMarkers(char16_t reph, char16_t yaPhala) {
-    m_Reph = reph;
-    m_YaPhala = yaPhala;
+void LinearPasses::SetMarkers(std::u16string_view reph, std::u16string_view yaPhala) {
+    m_AreOrdinary = AreOrdinaryMarkers(reph, yaPhala);
+    m_Reph = UnitOf(reph);
+    m_YaPhala = UnitOf(yaPhala);
+    m_RephPass.SetMarkers(reph, yaPhala);
+    m_YaPhalaPass.SetMarker(yaPhala);
 }
 
 bool LinearPasses::Run(UnitBuffer& line) {
@@ -58,6 +47,7 @@ bool LinearPasses::Run(UnitBuffer& line) {
         yaPhalas |= unit == m_YaPhala;
     }
     CountWork(line.Size());
+    if (!m_AreOrdinary) rephs = yaPhalas = true; // not seen so, or made by the reph's pass
     if (rephs) ResolveReph(line);
     if (classes & kCandrabindu) ReorderChandrabindu(line);
     if (yaPhalas) ResolveYaPhala(line);
@@ -66,87 +56,6 @@ bool LinearPasses::Run(UnitBuffer& line) {
     const bool closed = ReorderPreBaseKars(line);
     ComposeSplitKars(line);
     return closed;
-}
-
-// The scan of a marker reads what stands before it with all earlier markers resolved. It is
-// not walked: for each pair of flags (vowel sign seen, chandrabindu seen) the walk carries
-// along where a scan that begins here with those flags would stop. A scan never goes beyond a
-// place where RA and virama were put in: what stopped the earlier scan there stops this one
-// too, or is now a consonant behind that virama, and then the RA stops it in front of the same
-// text. So places only grow, and the text without markers is all that the scans depend on.
-//
-// A marker at the very start stays and stops scans as any foreign unit; the first scan that
-// stops there puts its RA and virama in front, so that the search finds the marker again and
-// resolves it to the same place.
-void LinearPasses::ResolveReph(UnitBuffer& line) {
-    char16_t* const units = line.Data();
-    const std::size_t length = line.Size();
-    CountWork(length);
-    m_Targets.clear();
-    // Indexed by the flags, vowel sign 1 and chandrabindu 2. Positions are 1-based; 0 is off
-    // the start of the line.
-    std::uint32_t stop[4] = {0, 0, 0, 0};
-    std::uint32_t out = 0;
-    std::size_t pairs = 0;
-    bool keptAtStart = false;
-    for (std::size_t i = 0; i < length; ++i) {
-        const char16_t unit = units[i];
-        if (unit == m_Reph && i > 0) {
-            std::uint32_t target = stop[0];
-            if (target == 0) throw RuntimeFailure(kInvalidCall, u"clsConvert");
-            std::uint32_t count = 1;
-            if (target == 1 && keptAtStart) {
-                keptAtStart = false;
-                count = 2;
-            }
-            if (!m_Targets.empty() && m_Targets.back().first == target) {
-                m_Targets.back().second += count;
-            } else {
-                m_Targets.emplace_back(target, count);
-            }
-            pairs += count;
-            continue;
-        }
-        keptAtStart |= unit == m_Reph;
-        units[out++] = unit;
-        const std::uint8_t of = ClassOf(unit);
-        if (of & kVowelSign) {
-            stop[0] = stop[1];
-            stop[2] = stop[3];
-            stop[1] = stop[3] = out;
-        } else if (of & kCandrabindu) {
-            stop[0] = stop[2];
-            stop[1] = stop[3];
-            stop[2] = stop[3] = out;
-        } else if ((of & kVirama) || unit == m_YaPhala ||
-                   ((of & kConsonant) && out > 1 && units[out - 2] == kUnitVirama)) {
-            // Stepped over, whatever was seen.
-        } else {
-            stop[0] = stop[1] = stop[2] = stop[3] = out;
-        }
-    }
-    if (m_Targets.empty()) return;
-
-    // A marker at the start that was resolved after all is dropped from the text.
-    const bool dropFirst = units[0] == m_Reph && !keptAtStart;
-    const std::size_t total = out + 2 * pairs - (dropFirst ? 1 : 0);
-    if (total > length) CheckGrowth(total);
-    line.SetSize(0);
-    char16_t* const spread = line.Room(total);
-    line.SetSize(total);
-    std::size_t to = total, from = out;
-    for (std::size_t i = m_Targets.size(); i-- > 0;) {
-        const auto [target, count] = m_Targets[i];
-        std::size_t start = target - 1u;
-        const std::size_t kept = start + (start == 0 && dropFirst ? 1 : 0);
-        to -= from - kept;
-        Slide(spread + to, spread + kept, from - kept);
-        from = start;
-        for (std::uint32_t k = 0; k < count; ++k) {
-            spread[--to] = kUnitVirama;
-            spread[--to] = kUnitRa;
-        }
-    }
 }
 
 // The signs and ya-phala markers behind a chandrabindu move up by one and it goes behind them;
@@ -163,50 +72,6 @@ void LinearPasses::ReorderChandrabindu(UnitBuffer& line) {
         }
         units[i] = kUnitCandrabindu;
     }
-}
-
-// In a stretch of u signs and markers every marker goes to the front of the stretch. The first
-// one sees what stands before the stretch, each other one the YA of the one before it.
-void LinearPasses::ResolveYaPhala(UnitBuffer& line) {
-    std::size_t markers = 0;
-    for (const char16_t unit : line.View()) markers += unit == m_YaPhala;
-    const std::size_t length = line.Size();
-    // A marker becomes three units at most. The text waits at the end of the room, so that
-    // what is written never reaches what is still to be read.
-    line.Room(3 * markers);
-    char16_t* const units = line.Data();
-    std::size_t from = 3 * markers;
-    const std::size_t end = length + from;
-    Slide(units + from, units, length);
-    std::size_t out = 0;
-    while (from < end) {
-        if (units[from] != m_YaPhala && !(ClassOf(units[from]) & kUSign)) {
-            units[out++] = units[from++];
-            continue;
-        }
-        std::size_t stretchEnd = from;
-        std::size_t count = 0;
-        for (; stretchEnd < end; ++stretchEnd) {
-            if (units[stretchEnd] == m_YaPhala) {
-                ++count;
-            } else if (!(ClassOf(units[stretchEnd]) & kUSign)) {
-                break;
-            }
-        }
-        const bool bareRa =
-            out > 0 && units[out - 1] == kUnitRa && !(out > 1 && units[out - 2] == kUnitVirama);
-        if (count > 0 && bareRa) units[out++] = kUnitNonJoiner;
-        for (; count > 0; --count) {
-            units[out++] = kUnitVirama;
-            units[out++] = kUnitYa;
-        }
-        for (; from < stretchEnd; ++from) {
-            if (units[from] != m_YaPhala) units[out++] = units[from];
-        }
-    }
-    CountWork(2 * length + out);
-    if (out > length) CheckGrowth(out);
-    line.SetSize(out);
 }
 
 void LinearPasses::ComposeAa(UnitBuffer& line) {

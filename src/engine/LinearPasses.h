@@ -1,30 +1,33 @@
-// The six passes, each in one walk over the line, for markers of one unit that no pass reads
-// or writes otherwise. Results and failures are those of the literal passes.
+// The six normalisation passes, each in one walk over the line.
 #pragma once
 
+#include "engine/BanglaUnits.h"
 #include "engine/OutputBuffer.h"
+#include "engine/RephPass.h"
+#include "engine/YaPhalaPass.h"
 
-#include <cstdint>
-#include <utility>
-#include <vector>
+#include <string_view>
 
 class LinearPasses {
 public:
-    // Both must be ordinary (IsOrdinaryMarker) and different.
-    void SetMarkers(char16_t reph, char16_t yaPhala);
-    char16_t Reph() const { return m_Reph; }
-    char16_t YaPhala() const { return m_YaPhala; }
+    explicit LinearPasses(std::size_t longestLine = kLongestLine)
+        : m_RephPass(longestLine), m_YaPhalaPass(longestLine) {}
+
+    // Any two texts.
+    void SetMarkers(std::u16string_view reph, std::u16string_view yaPhala);
+    // bangla::kNoUnit for a marker that is not one unit.
+    char32_t Reph() const { return m_Reph; }
+    char32_t YaPhala() const { return m_YaPhala; }
 
     // All passes in their order; only those that the line calls for walk over it. False where
     // a scan for an e, i or ai sign ran to the end of the line, so that what follows the line
     // would have changed the result.
     bool Run(UnitBuffer& line);
 
-    // Raises failure 5 where a scan runs off the start of the line and failure 14 where the
-    // line grows beyond the limit.
-    void ResolveReph(UnitBuffer& line);
+    // The first and the third raise the failures of RephPass and YaPhalaPass.
+    void ResolveReph(UnitBuffer& line) { m_RephPass.Run(line); }
     void ReorderChandrabindu(UnitBuffer& line);
-    void ResolveYaPhala(UnitBuffer& line);
+    void ResolveYaPhala(UnitBuffer& line) { m_YaPhalaPass.Run(line); }
     void ComposeAa(UnitBuffer& line);
     bool ReorderPreBaseKars(UnitBuffer& line);
     void ComposeSplitKars(UnitBuffer& line);
@@ -32,8 +35,8 @@ public:
 private:
     bool ReorderPreBaseKar(UnitBuffer& line, char16_t sign);
 
-    char16_t m_Reph = 0;
-    char16_t m_YaPhala = 0;
-    // Where rephs go, ascending, and how many.
-    std::vector<std::pair<std::uint32_t, std::uint32_t>> m_Targets;
+    RephPass m_RephPass;
+    YaPhalaPass m_YaPhalaPass;
+    bool m_AreOrdinary = false; // the markers
+    char32_t m_Reph = bangla::kNoUnit, m_YaPhala = bangla::kNoUnit;
 };

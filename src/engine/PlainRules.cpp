@@ -7,7 +7,7 @@
 #include "engine/PlainRules.h"
 
 #include "base/RuntimeFailure.h"
-#include "engine/LiteralPasses.h"
+#include "engine/Growth.h"
 
 #include <algorithm>
 #include <bitset>

@@ -22,7 +22,7 @@ public:
     using State = std::uint16_t;
     static constexpr State kStart = 0;
 
-    // Both must be ordinary (IsOrdinaryMarker) and different.
+    // Must be ordinary (AreOrdinaryMarkers).
     void SetMarkers(char16_t reph, char16_t yaPhala);
 
     // Goes on by a unit. False where text is not as it is usually written (a sign without a

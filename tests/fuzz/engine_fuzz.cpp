@@ -56,8 +56,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     reference::Table table;
     table.reph = u"\uE001";
     table.yaPhala = u"\uE002";
-    if ((options & 7) == 7) table.reph = in.Field(2);
-    if ((options & 56) == 56) table.yaPhala = in.Field(2);
+    if ((options & 7) == 7) table.reph = in.Field(4);
+    if ((options & 56) == 56) table.yaPhala = in.Field(4);
     const int rules = in.Byte() % 13 + 1;
     for (int i = 0; i < rules; ++i) {
         std::u16string find = in.Field(5);

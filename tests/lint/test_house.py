@@ -52,6 +52,16 @@ def test_floors():
     assert not wrong, "\n".join(wrong)
 
 
+def test_named_tests_exist():
+    wrong = []
+    for path in SOURCES:
+        told = re.search(r"// Tested by((?:.|\n// )*?)\.\n", path.read_text(encoding="utf-8"))
+        for name in re.findall(r"[\w*]+\.(?:cpp|py)", told[1]) if told else ():
+            if not any((ROOT / "tests").rglob(name)):
+                wrong.append(f"{path}: {name}")
+    assert not wrong, "\n".join(wrong)
+
+
 def test_include_names_are_exact():
     names = {str(p.relative_to(SRC)) for p in SOURCES}
     wrong = [f"{p}: {n}" for p in SOURCES for n in includes(p) if n not in names]

@@ -1,6 +1,7 @@
 #include "reference/RandomTable.h"
 
 #include <cstdio>
+#include <iterator>
 
 namespace reference {
 namespace {
@@ -20,20 +21,12 @@ Text Pick(Random& random, const Text& units, std::size_t most) {
     return text;
 }
 
-// A marker that is longer than a unit or one that the passes read, yet never endless.
+// A marker that is longer than a unit or one that the passes read. Some are endless in some lines.
 Text OddMarker(Random& random, bool reph) {
-    switch (random.Below(reph ? 5 : 3)) {
-    case 0:
-        return u"q\u0995";
-    case 1:
-        return reph ? u"qq" : u"q!";
-    case 2:
-        return u"\u0981";
-    case 3:
-        return u"\u09BE";
-    default:
-        return u"\uE001\uE001\uE001";
-    }
+    static const Text markers[] = {u"q\u0995", u"qq", u"q!", u"\u0981", u"\u09BE", u"\u09C7", u"\u0995"};
+    static const Text rephMarkers[] = {u"\uE001\uE001\uE001", u"\u09B0\u09CD", u"\u09CDq"};
+    if (reph && random.OneIn(3)) return rephMarkers[random.Below(std::size(rephMarkers))];
+    return markers[random.Below(std::size(markers))];
 }
 
 std::pair<Text, Text> MakeRule(Random& random, const Table& table, const Text& alphabet) {
@@ -49,13 +42,6 @@ std::pair<Text, Text> MakeRule(Random& random, const Table& table, const Text& a
     if (random.OneIn(6)) replace.clear();
     if (find.empty() && !random.OneIn(8)) find += random.Of(alphabet);
     return {find, replace};
-}
-
-bool HasUSign(const Table& table) {
-    for (const auto& rule : table.rules) {
-        if (rule.second.find_first_of(u"\u09C1\u09C2\u09C3") != Text::npos) return true;
-    }
-    return false;
 }
 
 char Byte(char16_t unit) {
@@ -98,8 +84,6 @@ RandomCase MakeRandomCase(Random& random) {
             if (!random.OneIn(5)) table.rules.emplace_back(Text(1, unit), Text(1, random.Of(targets)));
         }
     }
-    // Of two units and behind u signs the plain form doubles its work for each sign.
-    if (table.yaPhala.size() > 1 && (HasUSign(table) || !made.bytes)) table.yaPhala = u"\uE002";
     for (auto& rule : table.rules) {
         // A payload cannot hold these.
         for (Text* field : {&rule.first, &rule.second}) {

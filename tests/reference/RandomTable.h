@@ -31,7 +31,7 @@ struct RandomCase {
 };
 
 // Tables of 0 to 16 rules over a few units; one in five has markers that are no single unit of
-// their own. Never one that the plain form would not end with.
+// their own. The plain form may give some lines up.
 RandomCase MakeRandomCase(Random& random);
 
 // Makes the case smaller as long as it still fails, and returns it.

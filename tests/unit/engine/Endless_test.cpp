@@ -1,8 +1,12 @@
 // Markers that would keep a pass going for ever. The engine says so instead.
 
+#include "engine/Engine.h"
+
 #include "EngineTesting.h"
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace {
 
@@ -21,6 +25,16 @@ reference::Outcome Convert(const Markers& markers, std::u16string_view line,
         if (description != nullptr) *description = failure.Description();
         return {failure.Number(), {}};
     }
+}
+
+int FailureOf(Engine& engine, std::u16string_view line) {
+    UnitBuffer output;
+    try {
+        engine.Convert(line, output);
+    } catch (const RuntimeFailure& failure) {
+        return failure.Number();
+    }
+    return 0;
 }
 
 TEST(Endless, EmptyRephMarkerOnTwoCharactersOrMore) {
@@ -78,13 +92,47 @@ TEST(Endless, YaPhalaMarkerOfANonJoinerIsEndlessBehindABareRaOnly) {
     EXPECT_EQ(5, Convert(markers, u"\u09B0\u200C").failure);
 }
 
-TEST(Endless, MarkerOfManyUnitsStopsSomewhere) {
-    // Two equal units behind signs leave halves that meet again: the work doubles per sign.
-    std::u16string line = u"\u0995";
-    line.append(40, u'\u09C1');
-    line += u"\uE002\uE002\uE002\uE002\uE002";
-    const reference::Outcome outcome = Convert({u"\uE001", u"\uE002\uE002"}, line);
-    EXPECT_TRUE(outcome.failure == 5 || outcome.failure == 14);
+TEST(Endless, RephMarkerOfAVirama) {
+    EXPECT_EQ(5, Convert({u"\u09CD\u09B0", u"\uE002"}, u"x\u09B0\u09CD\u09B0").failure);
+    // Behind a consonant it comes to an end.
+    EXPECT_EQ(Hex(u"\u09B0\u09CD\u0995"),
+              Hex(Convert({u"\u09CD\u09B0", u"\uE002"}, u"\u0995\u09CD\u09B0").text));
+}
+
+TEST(Endless, RephMarkerThatIsTheReplacementIsEndlessOnlyInFrontOfAnother) {
+    const Markers markers{u"\u09B0\u09CD", u"\uE002"};
+    EXPECT_EQ(Hex(u"\u09B0\u09CD\u0995 \u09B0\u09CD\u0996"),
+              Hex(Convert(markers, u"\u0995\u09B0\u09CD \u0996\u09B0\u09CD").text));
+    EXPECT_EQ(Hex(u"\u09B0\u09CD\u09B0\u09CD "), Hex(Convert(markers, u" \u09B0\u09CD\u09B0\u09CD").text));
+    EXPECT_EQ(5, Convert(markers, u"\u0995\u09B0\u09CD\u09B0\u09CD").failure);
+}
+
+// A marker of two equal units behind u signs leaves halves that meet again: the line doubles for
+// each sign.
+std::u16string Doubling(std::size_t signs) {
+    return u"\u0995" + std::u16string(signs, u'\u09C1') + u"\uE002\uE002\uE002\uE002\uE002";
+}
+
+TEST(Endless, MarkerThatDoublesTheLineComesToAnEnd) {
+    const std::u16string_view yaPhala = u"\uE002\uE002";
+    const reference::Table table{u"\uE001", std::u16string(yaPhala), {}};
+    EXPECT_EQ(reference::Convert(table, Doubling(8)).text, Convert({u"\uE001", yaPhala}, Doubling(8)).text);
+    const reference::Outcome outcome = Convert({u"\uE001", yaPhala}, Doubling(18));
+    EXPECT_EQ(0, outcome.failure);
+    EXPECT_LT(std::size_t{1} << 18, outcome.text.size());
+    EXPECT_EQ(std::u16string::npos, outcome.text.find(yaPhala));
+    EXPECT_EQ(18, std::count(outcome.text.begin(), outcome.text.end(), u'\u09C1'));
+}
+
+TEST(Endless, ALineThatOnlyGrowsIsTooLongInTheEnd) {
+    EngineLimits limits;
+    limits.LongestLine = 100000;
+    Engine engine(limits);
+    engine.Load(u"\uE001\r\n\uE002\uE002\r\n\uF000\t");
+    EXPECT_EQ(14, FailureOf(engine, Doubling(40)));
+    // Signs that are a marker leave signs, of which more markers come about than are replaced.
+    engine.Load(u"\uE001\r\n\u09C1\u09C2\u09C1\r\n\uF000\t");
+    EXPECT_EQ(14, FailureOf(engine, u"x\u09C3\u09C3\u09C1\u09C2\u09C1\u09C2\u09C1"));
 }
 
 } // namespace

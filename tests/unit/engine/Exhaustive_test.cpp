@@ -4,7 +4,6 @@
 #include "engine/Engine.h"
 
 #include "EngineTesting.h"
-#include "engine/LiteralPasses.h"
 
 #include <gtest/gtest.h>
 

@@ -1,89 +1,86 @@
 // The passes one by one, with the reph marker U+E001 and the ya-phala marker U+E002.
 
 #include "engine/LinearPasses.h"
-#include "engine/LiteralPasses.h"
 
 #include "EngineTesting.h"
 
 #include <gtest/gtest.h>
 
-#include <vector>
-
 namespace {
 
-using Strings = std::vector<std::string>;
+using Pass = void (LinearPasses::*)(UnitBuffer&);
 
-const literal::Markers kMarkers{u"\uE001", u"\uE002"};
-
-TEST(MoveAndReplace, EqualPositionsChangeNothingEvenIfTheTextsDiffer) {
-    EXPECT_EQ(u"abc", literal::MoveAndReplace(u"abc", 2, 2, u"b", u"XYZ"));
-    EXPECT_EQ(u"abc", literal::MoveAndReplace(u"abc", 0, 0, u"b", u"XYZ"));
+// What one pass makes of a line, in hexadecimal.
+std::string Through(Pass pass, std::u16string_view text, std::u16string_view yaPhala = u"\uE002") {
+    LinearPasses passes;
+    passes.SetMarkers(u"\uE001", yaPhala);
+    UnitBuffer line;
+    line.Append(text);
+    (passes.*pass)(line);
+    return Hex(line.View());
 }
 
-TEST(MoveAndReplace, OnlyTheLengthOfTheCutTextCounts) {
-    EXPECT_EQ(u"Xad", literal::MoveAndReplace(u"abcd", 2, 1, u"??", u"X"));
+std::string Reph(std::u16string_view text, std::u16string_view yaPhala = u"\uE002") {
+    return Through(&LinearPasses::ResolveReph, text, yaPhala);
 }
 
-TEST(MoveAndReplace, TargetCountsInTheTextAfterTheCut) {
-    EXPECT_EQ(u"acXd", literal::MoveAndReplace(u"abcd", 2, 3, u"b", u"X"));
+std::string Chandrabindu(std::u16string_view text, std::u16string_view yaPhala = u"\uE002") {
+    return Through(&LinearPasses::ReorderChandrabindu, text, yaPhala);
 }
 
-TEST(MoveAndReplace, TargetBeyondTheEndAppends) {
-    EXPECT_EQ(u"acX", literal::MoveAndReplace(u"abc", 2, 9, u"b", u"X"));
+std::string PreBaseKars(std::u16string_view text) {
+    LinearPasses passes;
+    UnitBuffer line;
+    line.Append(text);
+    passes.ReorderPreBaseKars(line);
+    return Hex(line.View());
 }
 
-TEST(MoveAndReplace, TargetZeroIsAnInvalidCall) {
-    try {
-        literal::MoveAndReplace(u"abc", 2, 0, u"b", u"X");
-        FAIL();
-    } catch (const RuntimeFailure& failure) {
-        EXPECT_EQ(5, failure.Number());
-        EXPECT_EQ(u"Invalid procedure call or argument", failure.Description());
+TEST(ResolveReph, MarkerAtTheStartStays) {
+    EXPECT_EQ(Hex(u"\uE001"), Reph(u"\uE001"));
+    EXPECT_EQ(Hex(u"\uE001\u0995"), Reph(u"\uE001\u0995"));
+}
+
+TEST(ResolveReph, ConsonantStopsTheScanUnlessAViramaIsBeforeIt) {
+    EXPECT_EQ(Hex(u"\u0995\u09B0\u09CD\u0996"), Reph(u"\u0995\u0996\uE001"));
+    EXPECT_EQ(Hex(u"\u09B0\u09CD\u0995\u09CD\u0996"), Reph(u"\u0995\u09CD\u0996\uE001"));
+}
+
+TEST(ResolveReph, StepsOverTheYaPhalaMarkerOfOneUnitOnly) {
+    EXPECT_EQ(Hex(u"\u09B0\u09CD\u0995\uE002"), Reph(u"\u0995\uE002\uE001"));
+    EXPECT_EQ(Hex(u"\u0995\uE002\u09B0\u09CD\uE003"), Reph(u"\u0995\uE002\uE003\uE001", u"\uE002\uE003"));
+}
+
+TEST(ResolveReph, StepsOverOneVowelSignAndOneChandrabindu) {
+    EXPECT_EQ(Hex(u"\u09B0\u09CD\u0995\u0981\u09BE"), Reph(u"\u0995\u0981\u09BE\uE001"));
+    EXPECT_EQ(Hex(u"\u0995\u09B0\u09CD\u0981\u0981"), Reph(u"\u0995\u0981\u0981\uE001"));
+    EXPECT_EQ(Hex(u"\u0995\u09B0\u09CD\u09BE\u09C0"), Reph(u"\u0995\u09BE\u09C0\uE001"));
+}
+
+TEST(ResolveReph, RunningOffTheStartFails) {
+    EXPECT_THROW(Reph(u"\u09BE\uE001"), RuntimeFailure);
+    EXPECT_THROW(Reph(u"\u09CD\u0981\uE002\uE001"), RuntimeFailure);
+}
+
+TEST(ReorderChandrabindu, StepsOverTheSixPostBaseSignsAndTheYaPhalaMarker) {
+    EXPECT_EQ(Hex(u"\u0981"), Chandrabindu(u"\u0981"));
+    EXPECT_EQ(Hex(u"\u09BE\u09C0\u09C1\u09C2\u09C3\u09D7\uE002\u0981x"),
+              Chandrabindu(u"\u0981\u09BE\u09C0\u09C1\u09C2\u09C3\u09D7\uE002x"));
+    for (const char16_t stopper : std::u16string(u"\u09BF\u09C7\u09C8\u09CB\u09CC\u0981\u0995x")) {
+        const std::u16string line = std::u16string(u"\u0981") + stopper;
+        EXPECT_EQ(Hex(line), Chandrabindu(line));
     }
 }
 
-TEST(FindRephTarget, MarkerAtTheStartStays) {
-    EXPECT_EQ(1u, literal::FindRephTarget(u"\uE001", 1, u"\uE002"));
+TEST(ReorderChandrabindu, StopsAtAYaPhalaMarkerOfTwoUnits) {
+    EXPECT_EQ(Hex(u"\u0981\uE002\uE003"), Chandrabindu(u"\u0981\uE002\uE003", u"\uE002\uE003"));
 }
 
-TEST(FindRephTarget, ConsonantStopsUnlessAViramaIsBeforeIt) {
-    EXPECT_EQ(2u, literal::FindRephTarget(u"\u0995\u0996\uE001", 3, u"\uE002"));
-    EXPECT_EQ(1u, literal::FindRephTarget(u"\u0995\u09CD\u0996\uE001", 4, u"\uE002"));
-}
-
-TEST(FindRephTarget, StepsOverTheYaPhalaMarkerOfOneUnitOnly) {
-    EXPECT_EQ(1u, literal::FindRephTarget(u"\u0995\uE002\uE001", 3, u"\uE002"));
-    EXPECT_EQ(3u, literal::FindRephTarget(u"\u0995\uE002\uE003\uE001", 4, u"\uE002\uE003"));
-}
-
-TEST(FindRephTarget, StepsOverOneVowelSignAndOneChandrabindu) {
-    EXPECT_EQ(1u, literal::FindRephTarget(u"\u0995\u0981\u09BE\uE001", 4, u"\uE002"));
-    EXPECT_EQ(2u, literal::FindRephTarget(u"\u0995\u0981\u0981\uE001", 4, u"\uE002"));
-    EXPECT_EQ(2u, literal::FindRephTarget(u"\u0995\u09BE\u09C0\uE001", 4, u"\uE002"));
-}
-
-TEST(FindRephTarget, RunningOffTheStartGivesZero) {
-    EXPECT_EQ(0u, literal::FindRephTarget(u"\u09BE\uE001", 2, u"\uE002"));
-    EXPECT_EQ(0u, literal::FindRephTarget(u"\u09CD\u0981\uE002\uE001", 4, u"\uE002"));
-}
-
-TEST(FindChandrabinduTarget, StepsOverTheSixPostBaseSignsAndTheYaPhalaMarker) {
-    EXPECT_EQ(1u, literal::FindChandrabinduTarget(u"\u0981", 1, u"\uE002"));
-    EXPECT_EQ(8u, literal::FindChandrabinduTarget(u"\u0981\u09BE\u09C0\u09C1\u09C2\u09C3\u09D7\uE002x", 1,
-                                                  u"\uE002"));
-    for (const char16_t stopper : std::u16string(u"\u09BF\u09C7\u09C8\u09CB\u09CC\u0981\u0995x"))
-        EXPECT_EQ(1u, literal::FindChandrabinduTarget(std::u16string(u"\u0981") + stopper, 1, u"\uE002"));
-}
-
-TEST(FindChandrabinduTarget, StopsAtAYaPhalaMarkerOfTwoUnits) {
-    EXPECT_EQ(1u, literal::FindChandrabinduTarget(u"\u0981\uE002\uE003", 1, u"\uE002\uE003"));
-}
-
-TEST(FindPreBaseKarTarget, CountsConsonantsAndViramasOnly) {
-    EXPECT_EQ(1u, literal::FindPreBaseKarTarget(u"\u09C7", 1));
-    EXPECT_EQ(2u, literal::FindPreBaseKarTarget(u"\u09C7\u0995\u0996", 1));
-    EXPECT_EQ(4u, literal::FindPreBaseKarTarget(u"\u09C7\u0995\u09CD\u0996\u0997", 1));
-    EXPECT_EQ(2u, literal::FindPreBaseKarTarget(u"\u09C7 .\u0995", 1));
+TEST(ReorderPreBaseKars, MovesByConsonantsAndViramasOnly) {
+    EXPECT_EQ(Hex(u"\u09C7"), PreBaseKars(u"\u09C7"));
+    EXPECT_EQ(Hex(u"\u0995\u09C7\u0996"), PreBaseKars(u"\u09C7\u0995\u0996"));
+    EXPECT_EQ(Hex(u"\u0995\u09CD\u0996\u09C7\u0997"), PreBaseKars(u"\u09C7\u0995\u09CD\u0996\u0997"));
+    EXPECT_EQ(Hex(u" \u09C7.\u0995"), PreBaseKars(u"\u09C7 .\u0995"));
 }
 
 struct Case {
@@ -136,22 +133,11 @@ const Case kCases[] = {
     {"o and au signs are never moved", u"\u09CB\u0995\u09CC\u0996", u"\u09CB\u0995\u09CC\u0996"},
 };
 
-std::u16string AllLiteral(std::u16string line, const literal::Markers& markers) {
-    literal::ResolveReph(line, markers);
-    literal::ReorderChandrabindu(line, markers);
-    literal::ResolveYaPhala(line, markers);
-    literal::ComposeAa(line);
-    literal::ReorderPreBaseKars(line);
-    literal::ComposeSplitKars(line);
-    return line;
-}
-
 TEST(Passes, EdgeCasesOneByOne) {
     clsConvert converter;
     converter.LoadText(u"\uE001\r\n\uE002\r\n\uF000\t\uF001");
     const reference::Table table{u"\uE001", u"\uE002", {}};
     for (const Case& c : kCases) {
-        EXPECT_EQ(Hex(c.expected), Hex(AllLiteral(std::u16string(c.line), kMarkers))) << c.name;
         EXPECT_EQ(Hex(c.expected), Hex(reference::Convert(table, c.line).text)) << c.name;
         EXPECT_EQ(Hex(c.expected), Hex(converter.Convert(c.line))) << c.name;
     }
@@ -176,13 +162,9 @@ TEST(Passes, ScanOffTheStartOfTheLineFails) {
 }
 
 TEST(Passes, YaPhalaMarkerOfTwoUnitsStopsTheScansButIsReplaced) {
-    const literal::Markers markers{u"\uE001", u"\uE002\uE003"};
-    EXPECT_EQ(Hex(u"\u0995\u09CD\u09AF"), Hex(AllLiteral(u"\u0995\uE002\uE003", markers)));
-    EXPECT_EQ(Hex(u"\u0995\uE002\u09B0\u09CD\uE003"), Hex(AllLiteral(u"\u0995\uE002\uE003\uE001", markers)));
-    EXPECT_EQ(Hex(u"\u0995\u0981\u09CD\u09AF\u09BE"),
-              Hex(AllLiteral(u"\u0995\u0981\uE002\uE003\u09BE", markers)));
     clsConvert converter;
     converter.LoadText(u"\uE001\r\n\uE002\uE003\r\n\uF000\t\uF001");
+    EXPECT_EQ(Hex(u"\u0995\u09CD\u09AF"), Hex(converter.Convert(u"\u0995\uE002\uE003")));
     EXPECT_EQ(Hex(u"\u0995\uE002\u09B0\u09CD\uE003"), Hex(converter.Convert(u"\u0995\uE002\uE003\uE001")));
     EXPECT_EQ(Hex(u"\u0995\u0981\u09CD\u09AF\u09BE"),
               Hex(converter.Convert(u"\u0995\u0981\uE002\uE003\u09BE")));
@@ -200,24 +182,8 @@ const std::u16string_view kStages[] = {
 };
 
 TEST(Passes, WorkedExampleStageByStage) {
-    std::u16string line(kStages[0]);
-    literal::ResolveReph(line, kMarkers);
-    EXPECT_EQ(Hex(kStages[1]), Hex(line));
-    literal::ReorderChandrabindu(line, kMarkers);
-    EXPECT_EQ(Hex(kStages[2]), Hex(line));
-    literal::ResolveYaPhala(line, kMarkers);
-    EXPECT_EQ(Hex(kStages[3]), Hex(line));
-    literal::ComposeAa(line);
-    EXPECT_EQ(Hex(kStages[4]), Hex(line));
-    literal::ReorderPreBaseKars(line);
-    EXPECT_EQ(Hex(kStages[5]), Hex(line));
-    literal::ComposeSplitKars(line);
-    EXPECT_EQ(Hex(kStages[6]), Hex(line));
-}
-
-TEST(Passes, WorkedExampleStageByStageInOneWalkEach) {
     LinearPasses passes;
-    passes.SetMarkers(u'\uE001', u'\uE002');
+    passes.SetMarkers(u"\uE001", u"\uE002");
     UnitBuffer line;
     line.Append(kStages[0]);
     passes.ResolveReph(line);
@@ -236,7 +202,7 @@ TEST(Passes, WorkedExampleStageByStageInOneWalkEach) {
 
 TEST(Passes, EdgeCasesInOneWalkEach) {
     LinearPasses passes;
-    passes.SetMarkers(u'\uE001', u'\uE002');
+    passes.SetMarkers(u"\uE001", u"\uE002");
     for (const Case& c : kCases) {
         UnitBuffer line;
         line.Append(c.line);
