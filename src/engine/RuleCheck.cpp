@@ -93,8 +93,9 @@ public:
     Checker(const Table& table, std::vector<Message>& messages) : m_Table(table), m_Messages(messages) {}
 
     void Check() {
-        CheckMarker(m_Table.reph, u"reph");
-        CheckMarker(m_Table.yaPhala, u"ya-phala");
+        CheckMarker(m_Table.reph, u"reph", u"what stands around one may make another");
+        CheckMarker(m_Table.yaPhala, u"ya-phala",
+                    u"the scans for clusters do not know it, and each u sign before it keeps a part of it");
         CheckFinds();
         CheckReplaces();
         if (m_Table.rules.size() > RuleTable::kMostRules)
@@ -110,11 +111,11 @@ private:
         return u"'" + rulesource::ShowText(units.substr(0, kLongestTold), &m_Table) + (cut ? u" ...'" : u"'");
     }
 
-    void CheckMarker(const Table::Marker& marker, View name) {
+    void CheckMarker(const Table::Marker& marker, View name, View ifLong) {
         if (marker.text.empty()) return;
         const std::u16string the = u"the " + std::u16string(name) + u" marker ";
         if (marker.text.size() > 1)
-            Warn(marker.line, the + u"is longer than one 16-bit unit; the scans for clusters do not know it");
+            Warn(marker.line, the + u"is longer than one 16-bit unit; " + std::u16string(ifLong));
         if (std::none_of(marker.text.begin(), marker.text.end(), IsPrivate))
             Warn(marker.line, the + u"'" + rulesource::ShowText(View(marker.text).substr(0, kLongestTold)) +
                                   u"'" +
