@@ -2,6 +2,7 @@
 #include "controls/Accessible.h"
 
 #include "controls/Caption.h"
+#include "controls/ComObject.h"
 #include "controls/Control.h"
 #include "controls/EventFrame.h"
 #include "controls/Form.h"
@@ -11,6 +12,7 @@
 namespace {
 
 constexpr AccessibleTable kPlain{};
+constexpr ControlKind kPart{};
 
 BSTR Text(const std::u16string& text) {
     return SysAllocStringLen(Wide(text), static_cast<UINT>(text.size()));
@@ -23,31 +25,13 @@ void Number(VARIANT* out, LONG value) {
 
 } // namespace
 
-// The interfaces of COM have no virtual destructor; the object ends in Release.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-class ControlAccessible final : public IAccessible {
+class ControlAccessible final : public ComObject<IAccessible, IID_IDispatch, IID_IAccessible> {
 public:
     explicit ControlAccessible(Control& control) : m_Control(&control) {}
+    // Of a further window of the control.
+    ControlAccessible(Control& control, HWND part, const AccessibleTable& table, void* self)
+        : m_Control(&control), m_Part(part), m_PartTable(&table), m_PartSelf(self) {}
     void Disconnect() { m_Control = nullptr; }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) override {
-        if (!out) return E_POINTER;
-        *out = nullptr;
-        if (!IsEqualIID(id, IID_IUnknown) && !IsEqualIID(id, IID_IDispatch) &&
-            !IsEqualIID(id, IID_IAccessible))
-            return E_NOINTERFACE;
-        *out = static_cast<IAccessible*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override {
-        return static_cast<ULONG>(InterlockedIncrement(&m_References));
-    }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const LONG left = InterlockedDecrement(&m_References);
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
-    }
 
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) override {
         *count = 0;
@@ -64,8 +48,8 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_accParent(IDispatch** out) override {
         *out = nullptr;
-        return Asked([&](Control& control, const AccessibleTable&) {
-            return AccessibleObjectFromWindow(control.hWnd(), static_cast<DWORD>(OBJID_WINDOW), IID_IDispatch,
+        return Asked([&](Control&, const AccessibleTable&) {
+            return AccessibleObjectFromWindow(Window(), static_cast<DWORD>(OBJID_WINDOW), IID_IDispatch,
                                               reinterpret_cast<void**>(out));
         });
     }
@@ -73,7 +57,7 @@ public:
     HRESULT STDMETHODCALLTYPE get_accChildCount(LONG* out) override {
         *out = 0;
         return Asked([&](Control& control, const AccessibleTable& table) {
-            *out = control.Kind().Container ? static_cast<LONG>(Inside(control).size()) : Rows(table);
+            *out = Kind().Container ? static_cast<LONG>(Inside(control).size()) : Rows(table);
             return S_OK;
         });
     }
@@ -95,7 +79,7 @@ public:
         *out = nullptr;
         return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) -> HRESULT {
             if (child > 0 && !table.Name) return S_FALSE;
-            const std::u16string name = child > 0 ? table.Name(Self(control), child) : control.SpokenName();
+            const std::u16string name = child > 0 ? table.Name(Self(), child) : control.SpokenName();
             if (name.empty()) return S_FALSE;
             *out = Text(name);
             return S_OK;
@@ -104,9 +88,9 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_accValue(VARIANT which, BSTR* out) override {
         *out = nullptr;
-        return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) -> HRESULT {
+        return AskedAbout(which, [&](Control&, const AccessibleTable& table, int child) -> HRESULT {
             if (!table.Value) return S_FALSE;
-            *out = Text(table.Value(Self(control), child));
+            *out = Text(table.Value(Self(), child));
             return S_OK;
         });
     }
@@ -127,12 +111,12 @@ public:
     HRESULT STDMETHODCALLTYPE get_accState(VARIANT which, VARIANT* out) override {
         out->vt = VT_EMPTY;
         return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) {
-            LONG state = table.State ? table.State(Self(control), child) : 0;
+            LONG state = table.State ? table.State(Self(), child) : 0;
             const bool enabled = control.EnabledInAll() && !control.FormDisabled();
             if (!enabled) state |= STATE_SYSTEM_UNAVAILABLE;
-            if (table.Ornament || !IsWindowVisible(control.hWnd()) || control.Covered())
+            if (table.Ornament || !IsWindowVisible(Window()) || control.Covered())
                 state |= STATE_SYSTEM_INVISIBLE;
-            if (child == 0 && control.Kind().Focusable) {
+            if (child == 0 && Kind().Focusable) {
                 if (enabled) state |= STATE_SYSTEM_FOCUSABLE;
                 if (control.HasFocus()) state |= STATE_SYSTEM_FOCUSED;
             }
@@ -154,7 +138,7 @@ public:
         *out = nullptr;
         return AskedAbout(which, [&](Control& control, const AccessibleTable&, int child) -> HRESULT {
             const char16_t key = AccessKeyOf(control.Caption());
-            if (child > 0 || !key || !control.Kind().Press) return S_FALSE;
+            if (child > 0 || !key || !Kind().Press) return S_FALSE;
             *out = Text(u"Alt+" + std::u16string(1, key));
             return S_OK;
         });
@@ -163,16 +147,18 @@ public:
     HRESULT STDMETHODCALLTYPE get_accFocus(VARIANT* out) override {
         out->vt = VT_EMPTY;
         return Asked([&](Control& control, const AccessibleTable& table) -> HRESULT {
-            if (!control.HasFocus() || control.Kind().Container) return S_FALSE;
-            Number(out, table.FocusedChild ? table.FocusedChild(Self(control)) : CHILDID_SELF);
+            const int child = table.FocusedChild ? table.FocusedChild(Self()) : CHILDID_SELF;
+            // A part has the focus by its rows only.
+            if (!control.HasFocus() || Kind().Container || (m_Part && child < 1)) return S_FALSE;
+            Number(out, child);
             return S_OK;
         });
     }
 
     HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* out) override {
         out->vt = VT_EMPTY;
-        return Asked([&](Control& control, const AccessibleTable& table) -> HRESULT {
-            const int child = table.SelectedChild ? table.SelectedChild(Self(control)) : 0;
+        return Asked([&](Control&, const AccessibleTable& table) -> HRESULT {
+            const int child = table.SelectedChild ? table.SelectedChild(Self()) : 0;
             if (child < 1) return S_FALSE;
             Number(out, child);
             return S_OK;
@@ -181,10 +167,10 @@ public:
 
     HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT which, BSTR* out) override {
         *out = nullptr;
-        return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) -> HRESULT {
+        return AskedAbout(which, [&](Control&, const AccessibleTable& table, int child) -> HRESULT {
             if (table.DefaultAction)
-                *out = Text(table.DefaultAction(Self(control), child));
-            else if (child == 0 && control.Kind().Press)
+                *out = Text(table.DefaultAction(Self(), child));
+            else if (child == 0 && Kind().Press)
                 *out = Text(u"Press");
             return *out ? S_OK : S_FALSE;
         });
@@ -194,7 +180,7 @@ public:
         return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) -> HRESULT {
             if ((flags & SELFLAG_TAKESELECTION) && child > 0 && table.SelectChild) {
                 if (!control.Usable()) return S_FALSE;
-                table.SelectChild(Self(control), child);
+                table.SelectChild(Self(), child);
             } else if (!(flags & SELFLAG_TAKEFOCUS)) {
                 return E_INVALIDARG;
             }
@@ -206,15 +192,15 @@ public:
     HRESULT STDMETHODCALLTYPE accLocation(LONG* left, LONG* top, LONG* width, LONG* height,
                                           VARIANT which) override {
         *left = *top = *width = *height = 0;
-        return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) -> HRESULT {
+        return AskedAbout(which, [&](Control&, const AccessibleTable& table, int child) -> HRESULT {
             RECT place;
             if (child == 0)
-                GetWindowRect(control.hWnd(), &place);
+                GetWindowRect(Window(), &place);
             else if (!table.ChildPlace)
                 return S_FALSE;
             else {
-                place = table.ChildPlace(Self(control), child);
-                MapWindowPoints(control.hWnd(), nullptr, reinterpret_cast<POINT*>(&place), 2);
+                place = table.ChildPlace(Self(), child);
+                MapWindowPoints(Window(), nullptr, reinterpret_cast<POINT*>(&place), 2);
             }
             *left = place.left;
             *top = place.top;
@@ -243,11 +229,11 @@ public:
         out->vt = VT_EMPTY;
         return Asked([&](Control& control, const AccessibleTable& table) -> HRESULT {
             RECT place;
-            GetWindowRect(control.hWnd(), &place);
+            GetWindowRect(Window(), &place);
             POINT at{x, y};
             if (!PtInRect(&place, at)) return S_FALSE;
-            ScreenToClient(control.hWnd(), &at);
-            if (control.Kind().Container) {
+            ScreenToClient(Window(), &at);
+            if (Kind().Container) {
                 const HWND child = ChildWindowFromPointEx(control.hWnd(), at, CWP_SKIPINVISIBLE);
                 if (child && child != control.hWnd()) {
                     out->vt = VT_DISPATCH;
@@ -256,7 +242,7 @@ public:
                                                       reinterpret_cast<void**>(&out->pdispVal));
                 }
             }
-            Number(out, table.ChildAt ? table.ChildAt(Self(control), at) : CHILDID_SELF);
+            Number(out, table.ChildAt ? table.ChildAt(Self(), at) : CHILDID_SELF);
             return S_OK;
         });
     }
@@ -265,9 +251,8 @@ public:
         return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) -> HRESULT {
             // As for the mouse: what cannot be reached is not pressed.
             if (!control.Usable()) return S_FALSE;
-            if (!table.DoDefault && (child > 0 || !control.Kind().Press)) return S_FALSE;
-            return PostMessageW(control.hWnd(), kDefaultAction, static_cast<WPARAM>(child), 0) ? S_OK
-                                                                                               : E_FAIL;
+            if (!table.DoDefault && (child > 0 || !Kind().Press)) return S_FALSE;
+            return PostMessageW(Window(), kDefaultAction, static_cast<WPARAM>(child), 0) ? S_OK : E_FAIL;
         });
     }
 
@@ -275,13 +260,11 @@ public:
     HRESULT STDMETHODCALLTYPE put_accValue(VARIANT, BSTR) override { return E_NOTIMPL; }
 
 private:
-    ~ControlAccessible() = default;
-
-    static void* Self(Control& control) { return control.m_Owner; }
-
-    int Rows(const AccessibleTable& table) const {
-        return table.ChildCount ? table.ChildCount(Self(*m_Control)) : 0;
-    }
+    // While the control is there.
+    const ControlKind& Kind() const { return m_Part ? kPart : m_Control->Kind(); }
+    HWND Window() const { return m_Part ? m_Part : m_Control->hWnd(); }
+    void* Self() const { return m_Part ? m_PartSelf : m_Control->m_Owner; }
+    int Rows(const AccessibleTable& table) const { return table.ChildCount ? table.ChildCount(Self()) : 0; }
 
     static std::vector<Control*> Inside(const Control& container) {
         std::vector<Control*> inside;
@@ -297,7 +280,7 @@ private:
     HRESULT Asked(Answer&& answer) noexcept {
         if (!m_Control || !m_Control->hWnd() || EventFrame::Ending()) return CO_E_OBJNOTCONNECTED;
         return EventFrame::Run<HRESULT>(E_FAIL, [&] {
-            const AccessibleTable* table = m_Control->Kind().Accessible;
+            const AccessibleTable* table = m_Part ? m_PartTable : Kind().Accessible;
             return answer(*m_Control, table ? *table : kPlain);
         });
     }
@@ -310,7 +293,9 @@ private:
     }
 
     Control* m_Control;
-    LONG m_References = 1;
+    HWND m_Part = nullptr;
+    const AccessibleTable* m_PartTable = nullptr;
+    void* m_PartSelf = nullptr;
 };
 
 LRESULT AnswerGetObject(Control& control, ControlAccessible*& accessible, WPARAM wParam, LPARAM lParam) {
@@ -324,4 +309,14 @@ void Disconnect(ControlAccessible*& accessible) {
     accessible->Disconnect();
     accessible->Release();
     accessible = nullptr;
+}
+
+AccessiblePart::~AccessiblePart() {
+    Disconnect(m_Accessible);
+}
+
+LRESULT AccessiblePart::Answer(Control& control, HWND part, const AccessibleTable& table, void* self,
+                               WPARAM wParam, LPARAM lParam) {
+    if (!m_Accessible) m_Accessible = new ControlAccessible(control, part, table, self);
+    return AnswerGetObject(control, m_Accessible, wParam, lParam);
 }

@@ -40,3 +40,21 @@ class ControlAccessible;
 LRESULT AnswerGetObject(Control& control, ControlAccessible*& accessible, WPARAM wParam, LPARAM lParam);
 // The control is going; whoever still holds the object is told so.
 void Disconnect(ControlAccessible*& accessible);
+
+// A further window of a control that has rows to read: the header of a table, the list that
+// a box drops. It has the control's name, and is enabled and covered with it.
+class AccessiblePart {
+public:
+    AccessiblePart() = default;
+    ~AccessiblePart();
+    AccessiblePart(const AccessiblePart&) = delete;
+    AccessiblePart& operator=(const AccessiblePart&) = delete;
+
+    // The answer to the WM_GETOBJECT of window part; 0: the system has to answer. The
+    // entries of table get self.
+    LRESULT Answer(Control& control, HWND part, const AccessibleTable& table, void* self, WPARAM wParam,
+                   LPARAM lParam);
+
+private:
+    ControlAccessible* m_Accessible = nullptr;
+};

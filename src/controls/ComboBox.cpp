@@ -17,9 +17,10 @@ const ControlKind ComboBox::kKind{
     .TypeName = u"ComboBox",
     .LayoutKinds = u"combo",
     .WindowClass = L"COMBOBOX",
-    .Style = CBS_DROPDOWNLIST | CBS_HASSTRINGS | CBS_AUTOHSCROLL | WS_VSCROLL,
+    .Style = CBS_DROPDOWNLIST | CBS_OWNERDRAWFIXED | CBS_HASSTRINGS | CBS_AUTOHSCROLL | WS_VSCROLL,
     .Focusable = true,
     .TakesLabel = true,
+    .Created = Entry<&ComboBox::OnCreated>::Call,
     .Message = Entry<&ComboBox::OnMessage>::Call,
     .Changed = Entry<&ComboBox::OnChanged>::Call,
     .Place = Entry<&ComboBox::OnPlace>::Call,
@@ -61,7 +62,7 @@ void ComboBox::ListIndex(int index) {
     Raise(Click);
 }
 
-bool ComboBox::OnMessage(UINT message, WPARAM wParam, LPARAM, LRESULT& result) {
+bool ComboBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     if (message == kReflected + WM_COMMAND) {
         // Closing the list by Esc takes back what keys have chosen in it, without SELCHANGE.
         const bool told = HIWORD(wParam) == CBN_SELCHANGE || HIWORD(wParam) == CBN_CLOSEUP;
@@ -72,7 +73,15 @@ bool ComboBox::OnMessage(UINT message, WPARAM wParam, LPARAM, LRESULT& result) {
         }
         return true;
     }
-    if (message == kReflected + WM_CTLCOLORLISTBOX || message == kReflected + WM_CTLCOLOREDIT ||
+    if (message == kReflected + WM_DRAWITEM) {
+        const auto& item = *reinterpret_cast<const DRAWITEMSTRUCT*>(lParam);
+        const bool selected = (item.itemState & ODS_SELECTED) && !(item.itemState & ODS_COMBOBOXEDIT);
+        ComboField::DrawEntry(item.hDC, item.rcItem, List(static_cast<int>(item.itemID)), Base.FontInUse(),
+                              selected, Base.Dpi());
+        result = TRUE;
+        return true;
+    }
+    if (message == WM_CTLCOLORLISTBOX || message == kReflected + WM_CTLCOLOREDIT ||
         message == kReflected + WM_CTLCOLORSTATIC) {
         result = FieldFrame::Colours(reinterpret_cast<HDC>(wParam), Base.EnabledInAll());
         return true;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/Control.h"
+#include "controls/DroppedList.h"
 
 #include <functional>
 
@@ -26,9 +27,11 @@ public:
     std::function<void()> Click; // an entry was chosen
 
 private:
+    void OnCreated() { m_List.Watch(Base); }
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void OnChanged(Change what);
     void OnPlace(const RECT& pixels);
     bool OnWantsKey(WPARAM key);
     int m_Chosen = -1; // the last index that Click has told
+    DroppedList m_List;
 };

@@ -1,6 +1,8 @@
 #include "controls/ComboField.h"
 
+#include "controls/Dpi.h"
 #include "controls/Painting.h"
+#include "controls/Theme.h"
 
 #include <commctrl.h>
 
@@ -33,6 +35,19 @@ void Place(Control& combo, const RECT& pixels, int entries) {
         asked += missing;
         SendMessageW(window, CB_SETITEMHEIGHT, closed, asked);
     }
+}
+
+void DrawEntry(HDC dc, const RECT& place, std::u16string_view text, HFONT font, bool selected, int dpi) {
+    constexpr int kTextLeft = 6; // pixels at 96 DPI
+    FillRectangle(dc, place,
+                  selected ? Theme::Pick(palette::Sel, COLOR_HIGHLIGHT)
+                           : Theme::Pick(palette::Card, COLOR_WINDOW));
+    RECT inside = place;
+    inside.left += Scaled(kTextLeft, dpi);
+    DrawTextIn(dc, font, text, inside,
+               selected ? Theme::Pick(palette::Card, COLOR_HIGHLIGHTTEXT)
+                        : Theme::Pick(palette::Ink, COLOR_WINDOWTEXT),
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
 }
 
 LONG State(const Control& combo) {

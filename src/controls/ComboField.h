@@ -12,6 +12,9 @@ void Toggle(const Control& combo);
 // list long enough for the given number of entries.
 void Place(Control& combo, const RECT& pixels, int entries);
 
+// The look of an entry of the dropped list.
+void DrawEntry(HDC dc, const RECT& place, std::u16string_view text, HFONT font, bool selected, int dpi);
+
 // What screen readers are told.
 LONG State(const Control& combo);
 template <class Combo>

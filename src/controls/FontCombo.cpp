@@ -6,17 +6,17 @@
 #include "controls/FieldFrame.h"
 #include "controls/MSubclass.h"
 #include "controls/Painting.h"
-#include "controls/Theme.h"
 
 #include <algorithm>
 
 namespace {
 
 constexpr int kRowsShown = 10;
-constexpr int kRowHeight = 24;  // pixels at 96 DPI: a line of 12 points
-constexpr int kArrowField = 20; // with its lines
-constexpr int kPadding = 6;
-constexpr UINT kChosen = WM_APP + 1;
+constexpr int kRowHeight = 24;               // pixels at 96 DPI: a line of 12 points
+constexpr int kArrowField = 20;              // with its lines
+constexpr int kFieldHeight = 24, kFrame = 2; // of a box in a form, of its focus
+constexpr int kFieldText = 7, kCellText = 6;
+constexpr UINT kChosen = WM_APP + 1, kOpened = WM_APP + 2;
 constexpr UINT kWatched[] = {WM_KEYDOWN, WM_CHAR, WM_GETOBJECT};
 
 constexpr AccessibleTable kAccessible = ComboField::Accessible<FontCombo>();
@@ -61,11 +61,12 @@ void FontCombo::OnCreated() {
     m_Edit = parts.hwndItem;
     SendMessageW(m_Edit, EM_SETLIMITTEXT, 0, 0);
     for (const UINT message : kWatched) MSubclass::AttachMessage(*this, m_Edit, message);
+    m_List.Watch(Base);
     OnChanged(Change::Font);
 }
 
 void FontCombo::AddItem(const std::u16string& text, const ::Font& font) {
-    m_Entries.push_back({text, font, {}});
+    m_Entries.push_back({text.c_str(), font, {}}); // the system's list ends it at a NUL too
     SendMessageW(Base.hWnd(), CB_ADDSTRING, 0, reinterpret_cast<LPARAM>(Wide(text)));
 }
 
@@ -108,10 +109,14 @@ std::u16string FontCombo::Text() const {
 
 void FontCombo::Text(const std::u16string& text) {
     const bool changes = text != Text();
-    const int index = Find(text);
+    Show(Find(text), text);
+    if (changes) Base.Notify(EVENT_OBJECT_VALUECHANGE);
+}
+
+// The text, with that entry marked in the list; -1: none.
+void FontCombo::Show(int index, const std::u16string& text) {
     SendMessageW(Base.hWnd(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
     if (List(index) != text) SetWindowTextW(m_Edit, Wide(text));
-    if (changes) Base.Notify(EVENT_OBJECT_VALUECHANGE);
 }
 
 void FontCombo::SelectAll() {
@@ -123,6 +128,7 @@ int FontCombo::DropDownWidth() const {
 }
 
 void FontCombo::DropDownWidth(int pixels) {
+    m_DropDownWidth = ToTwips(pixels, Base.Dpi());
     SendMessageW(Base.hWnd(), CB_SETDROPPEDWIDTH, static_cast<WPARAM>(pixels), 0);
 }
 
@@ -133,6 +139,10 @@ bool FontCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
     case kReflected + WM_DRAWITEM:
         OnDrawItem(*reinterpret_cast<const DRAWITEMSTRUCT*>(lParam));
         result = TRUE;
+        return true;
+    case kOpened:
+        // The system has put the first entry that begins so in the place of the text.
+        if (Text() != m_TextBefore) Show(m_IndexBefore, m_TextBefore);
         return true;
     case kChosen:
         Base.Notify(EVENT_OBJECT_VALUECHANGE);
@@ -159,6 +169,9 @@ bool FontCombo::OnCommand(UINT notification) {
         Base.Notify(EVENT_OBJECT_VALUECHANGE);
         break;
     case CBN_DROPDOWN:
+        m_TextBefore = Text();
+        m_IndexBefore = ListIndex() >= 0 ? ListIndex() : Find(m_TextBefore);
+        PostMessageW(Base.hWnd(), kOpened, 0, 0);
         Base.Notify(EVENT_OBJECT_STATECHANGE);
         break;
     case CBN_CLOSEUP:
@@ -191,6 +204,7 @@ void FontCombo::OnChanged(Change what) {
     if (what != Change::Font && what != Change::Dpi) return;
     FreeFonts();
     SendMessageW(Base.hWnd(), CB_SETITEMHEIGHT, 0, Base.Scaled(kRowHeight));
+    if (m_DropDownWidth > 0) DropDownWidth(Base.Pixels(m_DropDownWidth));
     Base.Move(Base.Left(), Base.Top(), Base.Width(), Base.Height());
 }
 
@@ -199,15 +213,18 @@ void FontCombo::OnPlace(const RECT& pixels) {
     PlaceText();
 }
 
-// The system puts the text close to its own button; ours is wider.
+// The system puts the text close to its own button; ours is wider. A low box lies over the
+// cell of a table, whose text begins there. The frame of the focus is left free.
 void FontCombo::PlaceText() {
     if (!m_Edit) return;
     RECT client;
     GetClientRect(Base.hWnd(), &client);
-    const int line = LineHeight(Base.FontInUse());
-    const int width = WidthOf(client) - Base.Scaled(kPadding) - Base.Scaled(kArrowField);
-    SetWindowPos(m_Edit, nullptr, Base.Scaled(kPadding), (HeightOf(client) - line) / 2, width, line,
-                 SWP_NOZORDER | SWP_NOACTIVATE);
+    const bool low = HeightOf(client) < Base.Scaled(kFieldHeight);
+    const int left = Base.Scaled(low ? kCellText : kFieldText);
+    const int line = std::min(LineHeight(Base.FontInUse()), HeightOf(client) - 2 * Base.Scaled(kFrame));
+    SendMessageW(m_Edit, EM_SETMARGINS, EC_LEFTMARGIN | EC_RIGHTMARGIN, 0);
+    SetWindowPos(m_Edit, nullptr, left, (HeightOf(client) - line) / 2,
+                 WidthOf(client) - left - Base.Scaled(kArrowField), line, SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 bool FontCombo::OnWantsKey(WPARAM) {
@@ -238,13 +255,6 @@ LRESULT FontCombo::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam
 }
 
 void DrawFontEntry(HDC dc, const RECT& place, const FontEntryState& state) {
-    const COLORREF ground = state.Selected ? Theme::Pick(palette::Sel, COLOR_HIGHLIGHT)
-                                           : Theme::Pick(palette::Card, COLOR_WINDOW);
-    const COLORREF ink = state.Selected ? Theme::Pick(palette::Card, COLOR_HIGHLIGHTTEXT)
-                                        : Theme::Pick(palette::Ink, COLOR_WINDOWTEXT);
-    FillRectangle(dc, place, ground);
-    RECT text = place;
-    text.left += Scaled(kPadding, state.Dpi);
-    const HFONT face = state.Plain && !HasLetters(dc, state.Face, state.Text) ? state.Plain : state.Face;
-    DrawTextIn(dc, face, state.Text, text, ink, DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    const bool plain = state.Plain && !HasLetters(dc, state.Face, state.Text);
+    ComboField::DrawEntry(dc, place, state.Text, plain ? state.Plain : state.Face, state.Selected, state.Dpi);
 }

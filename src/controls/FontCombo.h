@@ -3,6 +3,7 @@
 #pragma once
 
 #include "controls/Control.h"
+#include "controls/DroppedList.h"
 #include "controls/ISubclass.h"
 
 #include <functional>
@@ -31,7 +32,7 @@ public:
     std::u16string Text() const;
     void Text(const std::u16string& text);
     void SelectAll();
-    // Of the dropped list, in pixels; never narrower than the box.
+    // Of the dropped list, in pixels; never narrower than the box. It grows with the DPI.
     int DropDownWidth() const;
     void DropDownWidth(int pixels);
 
@@ -59,11 +60,16 @@ private:
     void OnChanged(Change what);
     void OnPlace(const RECT& pixels);
     bool OnWantsKey(WPARAM key);
+    void Show(int index, const std::u16string& text);
     void PlaceText();
     void FreeFonts();
 
     std::vector<Row> m_Entries;
+    std::u16string m_TextBefore; // when the list began to open
+    int m_IndexBefore = -1;
     HWND m_Edit = nullptr;
+    int m_DropDownWidth = 0; // twips; 0: the box's own
+    DroppedList m_List;
 };
 
 // The look of an entry, for the gallery too.

@@ -1,4 +1,5 @@
 // Files that are dropped on a list. Whatever else is dragged over it is turned away.
+#include "controls/ComObject.h"
 #include "controls/Dpi.h"
 #include "controls/EventFrame.h"
 #include "controls/McListBox.h"
@@ -45,29 +46,10 @@ int Shift(DWORD keys) {
 
 } // namespace
 
-// The interfaces of COM have no virtual destructor; the object ends in Release.
-#pragma GCC diagnostic ignored "-Wnon-virtual-dtor"
-class ListDropTarget final : public IDropTarget {
+class ListDropTarget final : public ComObject<IDropTarget, IID_IDropTarget> {
 public:
     explicit ListDropTarget(McListBox& list) : m_List(&list) {}
     void Disconnect() { m_List = nullptr; }
-
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) override {
-        if (!out) return E_POINTER;
-        *out = nullptr;
-        if (!IsEqualIID(id, IID_IUnknown) && !IsEqualIID(id, IID_IDropTarget)) return E_NOINTERFACE;
-        *out = static_cast<IDropTarget*>(this);
-        AddRef();
-        return S_OK;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override {
-        return static_cast<ULONG>(InterlockedIncrement(&m_References));
-    }
-    ULONG STDMETHODCALLTYPE Release() override {
-        const LONG left = InterlockedDecrement(&m_References);
-        if (left == 0) delete this;
-        return static_cast<ULONG>(left);
-    }
 
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD keys, POINTL, DWORD* effect) override {
         FORMATETC format = FileFormat();
@@ -99,8 +81,6 @@ public:
     }
 
 private:
-    ~ListDropTarget() = default;
-
     HRESULT Answer(DWORD* effect) const {
         const bool takes =
             m_HasFiles && m_List && m_List->OLEDragDrop && m_List->Base.Usable() && !EventFrame::Ending();
@@ -111,7 +91,6 @@ private:
     McListBox* m_List;
     bool m_HasFiles = false;
     int m_Buttons = 0;
-    LONG m_References = 1;
 };
 
 void McListBox::AcceptDrops() {

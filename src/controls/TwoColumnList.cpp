@@ -1,10 +1,9 @@
 // The list view keeps the rows, scrolls and answers its messages; nothing of its look is
-// left: see TwoColumnListPaint.cpp.
+// left: see TwoColumnListPaint.cpp. The header is told in TwoColumnListHeader.cpp.
 #include "controls/TwoColumnList.h"
 
 #include "base/Text.h"
 #include "controls/ListBorder.h"
-#include "controls/MSubclass.h"
 #include "controls/Painting.h"
 
 #include <algorithm>
@@ -14,7 +13,6 @@ namespace {
 
 constexpr int kRowHeight = 20; // pixels at 96 DPI
 constexpr UINT kClicked = WM_APP + 1, kSelected = WM_APP + 2;
-constexpr UINT kWatched[] = {WM_PAINT, WM_PRINTCLIENT, WM_ERASEBKGND, HDM_LAYOUT};
 
 } // namespace
 
@@ -93,10 +91,6 @@ const ControlKind TwoColumnList::kKind{
     .Accessible = &kAccessible,
 };
 
-TwoColumnList::~TwoColumnList() {
-    for (const UINT message : kWatched) MSubclass::DetachMessage(*this, m_Header, message);
-}
-
 void TwoColumnList::OnCreated() {
     SendMessageW(Base.hWnd(), LVM_SETEXTENDEDLISTVIEWSTYLE, LVS_EX_FULLROWSELECT, LVS_EX_FULLROWSELECT);
     for (int column = 0; column < kColumns; ++column) {
@@ -106,10 +100,7 @@ void TwoColumnList::OnCreated() {
         SendMessageW(Base.hWnd(), LVM_INSERTCOLUMNW, static_cast<WPARAM>(column),
                      reinterpret_cast<LPARAM>(&added));
     }
-    m_Header = reinterpret_cast<HWND>(SendMessageW(Base.hWnd(), LVM_GETHEADER, 0, 0));
-    // The widths are the list's: dragged dividers would leave a gap.
-    SetWindowLongW(m_Header, GWL_STYLE, GetWindowLongW(m_Header, GWL_STYLE) | HDS_NOSIZING);
-    for (const UINT message : kWatched) MSubclass::AttachMessage(*this, m_Header, message);
+    TakeHeader();
     OnChanged(Change::Dpi);
 }
 
@@ -120,27 +111,6 @@ bool TwoColumnList::OnProperty(std::u16string_view name, std::u16string_view val
     for (int column = 0; column < kColumns; ++column)
         Header(column, std::u16string(texts[static_cast<std::size_t>(column)]));
     return true;
-}
-
-std::u16string TwoColumnList::Header(int column) const {
-    if (column < 0 || column >= kColumns) return {};
-    wchar_t room[260] = {};
-    LVCOLUMNW asked{};
-    asked.mask = LVCF_TEXT;
-    asked.pszText = room;
-    asked.cchTextMax = static_cast<int>(std::size(room));
-    SendMessageW(Base.hWnd(), LVM_GETCOLUMNW, static_cast<WPARAM>(column), reinterpret_cast<LPARAM>(&asked));
-    return Units(asked.pszText);
-}
-
-void TwoColumnList::Header(int column, const std::u16string& text) {
-    if (column < 0 || column >= kColumns) return;
-    LVCOLUMNW changed{};
-    changed.mask = LVCF_TEXT;
-    changed.pszText = const_cast<wchar_t*>(Wide(text));
-    SendMessageW(Base.hWnd(), LVM_SETCOLUMNW, static_cast<WPARAM>(column),
-                 reinterpret_cast<LPARAM>(&changed));
-    InvalidateRect(m_Header, nullptr, FALSE);
 }
 
 bool TwoColumnList::Valid(int row, int column) const {

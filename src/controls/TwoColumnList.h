@@ -52,19 +52,28 @@ public:
     LRESULT WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    // TwoColumnList.cpp
     void OnCreated();
     bool OnProperty(std::u16string_view name, std::u16string_view value);
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void OnNotify(const NMHDR& told);
     void OnChanged(Change what);
-    void PaintRows(HDC dc, const RECT& client) const;
-    void PaintHeader(HDC dc, const RECT& client) const;
     bool Valid(int row, int column) const;
     void FitColumns();
     RECT Row(int row) const;
 
+    // TwoColumnListPaint.cpp
+    void PaintRows(HDC dc, const RECT& client) const;
+    void PaintHeader(HDC dc, const RECT& client) const;
+
+    // TwoColumnListHeader.cpp
+    void TakeHeader();
+
     friend struct TwoColumnListRows;
+    friend struct TwoColumnListHeads;
     HWND m_Header = nullptr;
+    std::u16string m_Heads[kColumns];
+    AccessiblePart m_HeaderAccessible;
 };
 
 // The look of a row and of the header, for the gallery too.

@@ -1,6 +1,5 @@
 // The look of the list and of its header, one blit each.
 #include "controls/Dpi.h"
-#include "controls/MSubclass.h"
 #include "controls/Painting.h"
 #include "controls/Theme.h"
 #include "controls/TwoColumnList.h"
@@ -9,7 +8,7 @@
 
 namespace {
 
-constexpr int kHeaderHeight = 24, kTextLeft = 6;            // pixels at 96 DPI
+constexpr int kTextLeft = 6;                                // pixels at 96 DPI
 constexpr COLORREF kQuietSelection = RGB(0xCF, 0xE3, 0xE3); // of a list without the focus
 
 } // namespace
@@ -54,39 +53,18 @@ void TwoColumnList::PaintHeader(HDC dc, const RECT& client) const {
     DrawTableRow(dc, client, state);
 }
 
-LRESULT TwoColumnList::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) {
-    switch (iMsg) {
-    case WM_PAINT:
-        PaintBuffered(hWnd, [this](HDC dc, const RECT& client) { PaintHeader(dc, client); });
-        return 0;
-    case WM_PRINTCLIENT: {
-        RECT client;
-        GetClientRect(hWnd, &client);
-        PaintHeader(reinterpret_cast<HDC>(wParam), client);
-        return 0;
-    }
-    case WM_ERASEBKGND:
-        return 1;
-    case HDM_LAYOUT: {
-        const auto* layout = reinterpret_cast<const HDLAYOUT*>(lParam);
-        const LONG top = layout->prc->top;
-        const LRESULT result = MSubclass::CallOldWindowProc(hWnd, iMsg, wParam, lParam);
-        layout->pwpos->cy = Base.Scaled(kHeaderHeight);
-        layout->prc->top = top + layout->pwpos->cy;
-        return result;
-    }
-    default:
-        return MSubclass::CallOldWindowProc(hWnd, iMsg, wParam, lParam);
-    }
-}
-
 void DrawTableRow(HDC dc, const RECT& place, const TableRowState& state) {
     const int hair = HairLine(state.Dpi);
     const bool contrast = Theme::HighContrast();
     COLORREF ink = state.Enabled ? Theme::Pick(palette::Ink, COLOR_WINDOWTEXT)
                                  : Theme::Pick(palette::DisabledText, COLOR_GRAYTEXT);
-    const COLORREF lines = state.Header ? Theme::Pick(palette::FieldBorder, COLOR_WINDOWTEXT)
-                                        : Theme::Pick(palette::Grid, COLOR_WINDOW);
+    COLORREF lines = Theme::Pick(palette::Grid, COLOR_WINDOW), divider = lines;
+    if (state.Header && state.Enabled) {
+        lines = Theme::Pick(palette::FieldBorder, COLOR_WINDOWTEXT);
+        divider = Theme::Pick(palette::Line, COLOR_WINDOWTEXT);
+    } else if (state.Header) {
+        lines = divider = Theme::Pick(palette::Line, COLOR_GRAYTEXT);
+    }
     RECT ground = place;
     ground.bottom -= hair;
     if (state.Header && !contrast && state.Enabled) {
@@ -108,10 +86,10 @@ void DrawTableRow(HDC dc, const RECT& place, const TableRowState& state) {
         RECT text{left + Scaled(kTextLeft, state.Dpi), ground.top, right - hair, ground.bottom};
         DrawTextIn(dc, state.Font, state.Texts[column], text, ink,
                    DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
-        const COLORREF divider = state.Header ? Theme::Pick(palette::Line, COLOR_WINDOWTEXT) : lines;
-        if (column + 1 < TwoColumnList::kColumns)
+        // Under high contrast the last one would make the list's border twice as wide.
+        if (column + 1 < TwoColumnList::kColumns || !contrast)
             FillRectangle(dc, {right - hair, ground.top, right, ground.bottom}, divider);
         left = right;
     }
-    if (state.Selected && state.Focused && state.Enabled) DottedRectangle(dc, ground, ink, hair);
+    if (state.Selected && state.Focused && state.Enabled) DottedRectangle(dc, Inset(ground, hair), ink, hair);
 }

@@ -1,6 +1,6 @@
 // The combo prints itself into the bitmap of the paint, and the skin is drawn over it before
-// anything reaches the screen. Of a plain list the text is drawn too: the system would leave
-// a bar of the selection there while the combo has the focus.
+// anything reaches the screen. Ground and text are drawn too: the system would leave a bar of
+// the selection there while a plain list has the focus.
 #include "controls/cXPCombo.h"
 
 #include "controls/Control.h"
@@ -132,8 +132,8 @@ LRESULT cXPCombo::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam)
 
 void cXPCombo::Paint(HDC dc, const RECT& client) {
     MSubclass::CallOldWindowProc(m_Window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc), PRF_CLIENT);
-    const LONG style = GetWindowLongW(m_Window, GWL_STYLE);
-    const std::u16string text = WindowText(m_Window);
+    // Of a combo to type in the text lies in front.
+    const std::u16string text = m_Edit ? std::u16string() : WindowText(m_Window);
     DrawCombo(dc, client,
               {.FrameNormal = m_FrameNormal,
                .FrameHot = m_FrameHot,
@@ -145,47 +145,42 @@ void cXPCombo::Paint(HDC dc, const RECT& client) {
                .Hot = m_Hot || SendMessageW(m_Window, CB_GETDROPPEDSTATE, 0, 0) != 0,
                .Focused = m_Combo->HasFocus(),
                .Enabled = m_Combo->EnabledInAll(),
-               .DrawsText = m_Edit || !(style & (CBS_OWNERDRAWFIXED | CBS_OWNERDRAWVARIABLE)),
-               .Text = m_Edit ? std::u16string_view() : text,
+               .Text = text,
                .Font = m_Combo->FontInUse(),
                .Dpi = m_Combo->Dpi()});
 }
 
 void DrawCombo(HDC dc, const RECT& place, const ComboState& state) {
     const int hair = HairLine(state.Dpi);
-    const bool contrast = Theme::HighContrast();
     const auto pick = [&](OleColour colour, int system) { return Theme::Pick(Resolve(colour), system); };
     const COLORREF ground =
         state.Enabled ? pick(state.Back, COLOR_WINDOW) : Theme::Pick(palette::DisabledGround, COLOR_WINDOW);
     const COLORREF arrow = state.Enabled ? pick(state.ArrowEnabled, COLOR_WINDOWTEXT)
                                          : pick(state.ArrowDisabled, COLOR_GRAYTEXT);
     COLORREF frame = pick(state.FrameNormal, COLOR_WINDOWTEXT);
-    COLORREF divider = Theme::Pick(palette::Line, COLOR_WINDOWTEXT);
     int width = hair;
     if (!state.Enabled) {
         frame = pick(state.FrameDisabled, COLOR_GRAYTEXT);
-        divider = Theme::Pick(palette::Line, COLOR_GRAYTEXT);
     } else if (state.Focused) {
         frame = Theme::Pick(palette::FocusNeutral, COLOR_HIGHLIGHT);
         width = Scaled(2, state.Dpi);
     } else if (state.Hot) {
         frame = pick(state.FrameHot, COLOR_HIGHLIGHT);
-        if (contrast) width = Scaled(2, state.Dpi);
     }
 
     const RECT inside = Inset(place, hair);
     const RECT field{inside.right - Scaled(kArrowField, state.Dpi), inside.top, inside.right, inside.bottom};
     const LONG textRight = field.left - hair;
-    if (state.DrawsText) {
-        FillRectangle(dc, {inside.left, inside.top, textRight, inside.bottom}, ground);
-        RECT text{place.left + Scaled(kTextLeft, state.Dpi), inside.top, textRight, inside.bottom};
-        DrawTextIn(dc, state.Font, state.Text, text,
-                   state.Enabled ? Theme::Pick(palette::Ink, COLOR_WINDOWTEXT)
-                                 : Theme::Pick(palette::DisabledText, COLOR_GRAYTEXT),
-                   DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
-    }
-    FillRectangle(dc, {textRight, inside.top, field.left, inside.bottom}, divider);
+    FillRectangle(dc, {inside.left, inside.top, textRight, inside.bottom}, ground);
+    RECT text{place.left + Scaled(kTextLeft, state.Dpi), inside.top, textRight, inside.bottom};
+    DrawTextIn(dc, state.Font, state.Text, text,
+               state.Enabled ? Theme::Pick(palette::Ink, COLOR_WINDOWTEXT)
+                             : Theme::Pick(palette::DisabledText, COLOR_GRAYTEXT),
+               DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
+    FillRectangle(dc, {textRight, inside.top, field.left, inside.bottom},
+                  Theme::HighContrast() ? frame : palette::Line);
     FillRectangle(dc, field, state.Enabled ? Theme::Pick(palette::ArrowField, COLOR_WINDOW) : ground);
-    if (state.ShowArrow) DrawArrow(dc, field, arrow, state.Dpi);
+    // The middle lies between the divider and the outer edge.
+    if (state.ShowArrow) DrawArrow(dc, {field.left, field.top, place.right, field.bottom}, arrow, state.Dpi);
     FrameRectangle(dc, place, frame, width);
 }

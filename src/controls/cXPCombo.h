@@ -57,13 +57,12 @@ private:
     bool m_Hot = false;
 };
 
-// The skin, for the gallery too. It leaves the text's place as it is, but for DrawsText.
+// The skin, for the gallery too.
 struct ComboState {
     OleColour FrameNormal = palette::FieldBorder, FrameHot = palette::Brand, FrameDisabled = palette::Line;
     OleColour Back = palette::Card, ArrowEnabled = palette::Ink, ArrowDisabled = palette::DisabledArrow;
     bool ShowArrow = true;
     bool Hot = false, Focused = false, Enabled = true;
-    bool DrawsText = true; // ground and Text; false: something else stands there already
     std::u16string_view Text = {};
     HFONT Font = nullptr;
     int Dpi = 96;

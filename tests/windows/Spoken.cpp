@@ -63,10 +63,18 @@ Spoken Ask(HWND window, int child) {
     if (object.Is->get_accRole(which, &answer) == S_OK) spoken.Role = answer.lVal;
     if (object.Is->get_accState(which, &answer) == S_OK) spoken.State = answer.lVal;
     object.Is->get_accChildCount(&spoken.Children);
+    if (object.Is->get_accFocus(&answer) == S_OK) spoken.Focus = answer.lVal;
+    if (object.Is->get_accSelection(&answer) == S_OK) spoken.Selection = answer.lVal;
     LONG left, top, width, height;
     if (object.Is->accLocation(&left, &top, &width, &height, which) == S_OK)
         spoken.Place = {left, top, left + width, top + height};
     return spoken;
+}
+
+int ChildAt(HWND window, POINT screen) {
+    const Object object(window);
+    VARIANT answer{};
+    return object.Is && object.Is->accHitTest(screen.x, screen.y, &answer) == S_OK ? answer.lVal : -1;
 }
 
 HRESULT DoDefault(HWND window, int child) {

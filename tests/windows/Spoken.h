@@ -14,10 +14,13 @@ namespace gui {
 struct Spoken {
     std::u16string Name, Value, DefaultAction;
     LONG Role = 0, State = 0, Children = 0;
-    RECT Place{}; // on the screen
+    LONG Focus = -1, Selection = -1; // the child that has it; -1: none
+    RECT Place{};                    // on the screen
 };
 // child 0 is the control, its rows count from 1. On the window's thread.
 Spoken Ask(HWND window, int child = 0);
+// The child at a point of the screen; -1: none.
+int ChildAt(HWND window, POINT screen);
 // Does the default action; on the window's thread it has been done when the call is back.
 HRESULT DoDefault(HWND window, int child = 0);
 

@@ -1,5 +1,6 @@
 // The skin of the combos: each state by real input has the pixels of DrawCombo.
 #include "controls/ComboBox.h"
+#include "controls/Dpi.h"
 #include "controls/FontCombo.h"
 #include "controls/MSubclass.h"
 #include "controls/Painting.h"
@@ -15,22 +16,25 @@ constexpr std::u16string_view kLayout =
     u"f\t\tfrmSkins\tform\t\t\t6000\t6000\tSkins\t\t\n"
     u"f\tfrmSkins\tOther\ttext\t150\t150\t2250\t360\t\t1\tAccessibleName=Other\n"
     u"f\tfrmSkins\tPlain\tcombo\t150\t900\t1650\t360\t\t2\tAccessibleName=Plain\n"
-    u"f\tfrmSkins\tFonts\tfontcombo\t150\t1650\t3000\t360\t\t3\tAccessibleName=Fonts\n";
+    u"f\tfrmSkins\tFonts\tfontcombo\t150\t1650\t3000\t360\t\t3\tAccessibleName=Fonts\n"
+    u"f\tfrmSkins\tCell\toverlay\t150\t2400\t2985\t300\t\t4\tAccessibleName=Cell\n";
 
 struct SkinsForm {
     Form Window;
     TextBox Other;
     ComboBox Plain;
-    FontCombo Fonts;
-    cXPCombo SkinOfPlain, SkinOfFonts;
+    FontCombo Fonts, Cell;
+    cXPCombo SkinOfPlain, SkinOfFonts, SkinOfCell;
     SkinsForm() {
-        Window.Bind(u"Other", Other).Bind(u"Plain", Plain).Bind(u"Fonts", Fonts).Create(kLayout);
+        Window.Bind(u"Other", Other).Bind(u"Plain", Plain).Bind(u"Fonts", Fonts).Bind(u"Cell", Cell);
+        Window.Create(kLayout);
         for (const char16_t* text : {u"Bijoy", u"Another"}) Plain.AddItem(text);
         Plain.ListIndex(0);
         Fonts.AddItem(u"Tahoma", {u"Tahoma", 12, false, false});
         Fonts.Text(u"SutonnyMJ");
         modXPCombo::ApplySkin(SkinOfPlain, Plain.Base);
         modXPCombo::ApplySkin(SkinOfFonts, Fonts.Base);
+        modXPCombo::ApplySkin(SkinOfCell, Cell.Base);
         Window.Show();
         Other.Base.SetFocus();
     }
@@ -89,9 +93,9 @@ TEST_F(Skins, FrameAndArrowAreThoseOfTheDesign) {
     // Nine pixels wide at its top, one at its tip, five rows.
     const RECT field{92, 1, 109, 23};
     EXPECT_EQ(idle.Count(palette::Ink, field), 9 + 7 + 5 + 3 + 1);
-    EXPECT_EQ(idle.At(96, 9), palette::Ink);
-    EXPECT_EQ(idle.At(104, 9), palette::Ink);
-    EXPECT_EQ(idle.At(100, 13), palette::Ink);
+    EXPECT_EQ(idle.At(97, 9), palette::Ink);
+    EXPECT_EQ(idle.At(105, 9), palette::Ink);
+    EXPECT_EQ(idle.At(101, 13), palette::Ink);
     Hover();
     EXPECT_EQ(Shown().At(0, 5), palette::Brand);
     m_Ui.Run([&] { m_Shown->Plain.Base.SetFocus(); });
@@ -159,9 +163,16 @@ TEST_F(Skins, UnderHighContrastTheSystemsColoursRule) {
     gui::Pixels shown = Shown();
     EXPECT_EQ(shown.At(0, 0), GetSysColor(COLOR_WINDOWTEXT));
     EXPECT_EQ(shown.At(2, 2), GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(shown.At(91, 9), GetSysColor(COLOR_WINDOWTEXT));
     EXPECT_EQ(shown.At(100, 9), GetSysColor(COLOR_WINDOWTEXT));
+    Hover(); // a hair line, divider included
+    shown = Shown();
+    EXPECT_EQ(shown.At(0, 5), GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(shown.At(1, 5), GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(shown.At(91, 5), GetSysColor(COLOR_HIGHLIGHT));
     m_Ui.Run([&] { m_Shown->Plain.Base.SetFocus(); });
-    EXPECT_EQ(Shown().At(1, 5), GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(Shown().At(1, 5), GetSysColor(COLOR_HIGHLIGHT)); // two pixels
+    EXPECT_EQ(Shown().At(2, 5), GetSysColor(COLOR_WINDOW));
     m_Ui.Run([&] { m_Shown->Plain.Base.Enabled(false); });
     EXPECT_EQ(Shown().At(100, 9), GetSysColor(COLOR_GRAYTEXT));
     SetHighContrast(false);
@@ -180,6 +191,31 @@ TEST_F(Skins, TheTextWindowOfAFontListIsPartOfIt) {
     m_Ui.Run([&] { m_Shown->Other.Base.SetFocus(); });
     EXPECT_TRUE(gui::WaitUntil([&] { return frame() == palette::FieldBorder; }));
     EXPECT_EQ(On([&] { return m_Shown->Fonts.Text(); }), u"SutonnyMJ");
+}
+
+// Also in the low box that lies over the cell of a table.
+TEST_F(Skins, TheTextLeavesTheFrameOfTheFocusFree) {
+    for (const int dpi : {96, 120, 144, 192}) {
+        SetDpi(dpi);
+        for (FontCombo* combo : {&m_Shown->Fonts, &m_Shown->Cell}) {
+            m_Ui.Run([&] {
+                combo->Text(u"\u0995gÅ|\u0981 WWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWWW");
+                combo->Base.SetFocus();
+                combo->SelectAll();
+            });
+            const gui::Pixels shown = On([&] { return gui::WindowOf(combo->Base.hWnd()); });
+            const int two = (2 * dpi + 48) / 96, right = shown.Width, bottom = shown.Height;
+            for (const RECT& edge : {RECT{0, 0, right, two}, RECT{0, bottom - two, right, bottom},
+                                     RECT{0, 0, two, bottom}, RECT{right - two, 0, right, bottom}})
+                EXPECT_EQ(shown.Count(palette::FocusNeutral, edge), WidthOf(edge) * HeightOf(edge))
+                    << dpi << ' ' << bottom;
+            // The bar of the selection begins where the text does: as in the other combos, or
+            // as in the cell.
+            int left = 0;
+            while (left < right && shown.At(left, bottom / 2) != GetSysColor(COLOR_HIGHLIGHT)) ++left;
+            EXPECT_EQ(left, Scaled(combo == &m_Shown->Cell ? 6 : 7, dpi)) << dpi;
+        }
+    }
 }
 
 TEST_F(Skins, APaintIsOneBlitAlsoWhileHovering) {

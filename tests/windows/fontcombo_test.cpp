@@ -257,6 +257,57 @@ TEST_F(FontCombos, TheDroppedListCanBeWiderThanTheBox) {
     RECT list;
     GetWindowRect(Part(true), &list);
     EXPECT_NEAR(WidthOf(list), 2 * WidthOf(box), 4);
+    gui::Type(VK_ESCAPE);
+    SetDpi(144); // it grows with the box
+    EXPECT_EQ(On([&] { return m_Shown->Fonts.DropDownWidth(); }), 3 * WidthOf(box));
+}
+
+TEST_F(FontCombos, OpeningTheListLeavesTheTextAsItIs) {
+    m_Ui.Run([&] {
+        for (const char16_t* name : {u"Arial Black", u"Arial"})
+            m_Shown->Fonts.AddItem(name, {name, 12, false, false});
+    });
+    // Each is the beginning of another entry further up; the second is no entry.
+    for (const auto& [text, row] : {std::pair{u"Arial", 5}, {u"Liber", -1}, {u"ARIAL", 5}}) {
+        m_Ui.Run([&] { m_Shown->Fonts.Text(text); });
+        m_Ui.Run([&] { ComboField::Toggle(m_Shown->Fonts.Base); });
+        m_Ui.Settle();
+        EXPECT_EQ(On([&] { return m_Shown->Fonts.Text(); }), text);
+        EXPECT_EQ(On([&] { return SendMessageW(Part(true), LB_GETCURSEL, 0, 0); }), row) << row;
+        gui::Type(VK_ESCAPE);
+        EXPECT_TRUE(gui::WaitUntil([&] { return !Dropped(); }));
+        EXPECT_EQ(On([&] { return m_Shown->Fonts.Text(); }), text);
+    }
+    EXPECT_EQ(On([&] { return m_Shown->Clicks; }), 0);
+}
+
+TEST_F(FontCombos, OddTextsAndFacesAreTakenAsTheyAre) {
+    const std::u16string longest(100'000, u'x'), lone = u"\xD800 \U0001F600 \xDC00", separated = u"a|b\tc&d";
+    m_Ui.Run([&] {
+        FontCombo& fonts = m_Shown->Fonts;
+        fonts.Clear();
+        for (const std::u16string& text : {longest, lone, separated, std::u16string()})
+            fonts.AddItem(text, {u"No Such Face", 12, false, false});
+        fonts.AddItem(std::u16string(u"ends\0here", 9), {std::u16string(200, u'n'), 12, false, false});
+        for (int i = 0; i < 4; ++i) {
+            fonts.ListIndex(i);
+            EXPECT_EQ(fonts.ListIndex(), i);
+            EXPECT_TRUE(fonts.Text() == fonts.List(i)) << i;
+            EXPECT_EQ(fonts.Find(fonts.Text()), i);
+        }
+        EXPECT_TRUE(fonts.List(0) == longest);
+        EXPECT_EQ(fonts.List(4), u"ends");
+        fonts.ListIndex(4);
+        EXPECT_EQ(fonts.ListIndex(), 4);
+        fonts.Text(longest);
+        EXPECT_TRUE(fonts.Text() == longest);
+        fonts.Text(lone);
+        EXPECT_EQ(fonts.Text(), lone);
+        fonts.Text(std::u16string(u"a\0b", 3));
+        EXPECT_EQ(fonts.Text(), u"a");
+    });
+    Drop(); // and they are painted
+    m_Ui.Run([&] { EXPECT_GT(gui::ClientOf(Part(true)).Count(palette::Ink), 0); });
 }
 
 TEST_F(FontCombos, TheBoxHasItsHeightAndItsRowsTheirsAtEveryDpi) {

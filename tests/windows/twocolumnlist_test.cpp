@@ -80,6 +80,30 @@ TEST_F(Tables, RowsAreAddedChangedFoundAndRemoved) {
     });
 }
 
+TEST_F(Tables, OddTextsAreTakenAsTheyAre) {
+    m_Ui.Run([&] {
+        TwoColumnList& table = m_Shown->Table;
+        table.Clear();
+        const std::vector<std::u16string> texts = {std::u16string(100'000, u'w'), u"", u"a|b\tc", u"&a && b&",
+                                                   u"\xD800 \U0001F600 \xDC00"};
+        for (const std::u16string& text : texts) {
+            const int row = table.AddItem(text, text);
+            EXPECT_TRUE(table.Text(row, 0) == text) << row;
+            EXPECT_TRUE(table.Text(row, 1) == text) << row;
+            EXPECT_EQ(table.FindItem(text), row);
+            table.Header(1, text);
+            EXPECT_TRUE(table.Header(1) == text) << row;
+            EXPECT_TRUE(gui::Ask(Header(), 2).Name == text) << row;
+            gui::ClientOf(Header());
+        }
+        table.AddItem(std::u16string(u"ends\0here", 9), u"");
+        EXPECT_EQ(table.Text(5, 0), u"ends");
+        gui::ClientOf(List());
+        table.Base.Font({u"No Such Face", 12, false, false});
+        gui::ClientOf(List());
+    });
+}
+
 TEST_F(Tables, RowsAndColumnsThatDoNotExistChangeNothing) {
     m_Ui.Run([&] {
         TwoColumnList& table = m_Shown->Table;
@@ -191,8 +215,29 @@ TEST_F(Tables, TheHeaderHasItsGradientAndLines) {
     EXPECT_EQ(drawn.At(2, 0), palette::HeaderTop);
     EXPECT_EQ(drawn.At(2, 23), palette::FieldBorder);
     EXPECT_EQ(drawn.At(drawn.Width / 2 - 1, 10), palette::Line);
+    EXPECT_EQ(drawn.At(drawn.Width - 1, 10), palette::Line);
     SetHighContrast(true);
     EXPECT_EQ(On([&] { return gui::ClientOf(Header()); }).At(2, 10), GetSysColor(COLOR_WINDOW));
+}
+
+TEST_F(Tables, ADisabledHeaderHasNoStrongLines) {
+    const auto lines = [&] {
+        const gui::Pixels drawn = On([&] { return gui::ClientOf(Header()); });
+        return std::vector{drawn.At(2, 23), drawn.At(drawn.Width / 2 - 1, 10)};
+    };
+    m_Ui.Run([&] { m_Shown->Table.Base.Enabled(false); });
+    EXPECT_EQ(lines(), (std::vector<COLORREF>{palette::Line, palette::Line}));
+    SetHighContrast(true);
+    const COLORREF grey = GetSysColor(COLOR_GRAYTEXT), ink = GetSysColor(COLOR_WINDOWTEXT);
+    EXPECT_EQ(lines(), (std::vector<COLORREF>{grey, grey}));
+    m_Ui.Run([&] { m_Shown->Table.Base.Enabled(true); });
+    EXPECT_EQ(lines(), (std::vector<COLORREF>{ink, ink}));
+}
+
+TEST_F(Tables, TypingALetterFindsARow) {
+    m_Ui.Run([&] { m_Shown->Table.Base.SetFocus(); });
+    gui::Type('B');
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Table.ListIndex() == 2; }));
 }
 
 TEST_F(Tables, WhatIsShownIsWhatTheRowsDraw) {
@@ -265,6 +310,35 @@ TEST_F(Tables, ScreenReadersGetRowsWithBothColumns) {
         EXPECT_EQ(m_Shown->Table.ListIndex(), 0);
         heard.reset();
     });
+}
+
+TEST_F(Tables, ScreenReadersGetTheColumnsOfTheHeader) {
+    std::unique_ptr<gui::HeardEvents> heard;
+    m_Ui.Run([&] {
+        heard = std::make_unique<gui::HeardEvents>();
+        m_Shown->Table.Header(1, u"New Font");
+    });
+    EXPECT_EQ(heard->Count(EVENT_OBJECT_NAMECHANGE, Header(), 2), 1);
+    m_Ui.Run([&] { heard.reset(); });
+    const auto said = [&](int child) { return On([&] { return gui::Ask(Header(), child); }); };
+    const gui::Spoken header = said(0), first = said(1), second = said(2);
+    EXPECT_EQ(header.Name, u"Fonts");
+    EXPECT_EQ(header.Role, ROLE_SYSTEM_LIST);
+    EXPECT_EQ(header.Children, 2);
+    EXPECT_EQ(header.Focus, -1);
+    EXPECT_EQ(header.Place.bottom - header.Place.top, 24);
+    EXPECT_EQ(first.Name, u"Old Font");
+    EXPECT_EQ(second.Name, u"New Font");
+    EXPECT_EQ(second.Role, ROLE_SYSTEM_COLUMNHEADER);
+    EXPECT_EQ(second.DefaultAction, u"");
+    EXPECT_EQ(first.Place.right, second.Place.left);
+    EXPECT_EQ(second.Place.right, header.Place.right);
+    EXPECT_FALSE(second.State & STATE_SYSTEM_UNAVAILABLE);
+    m_Ui.Run([&] {
+        EXPECT_EQ(gui::ChildAt(Header(), {second.Place.left + 9, second.Place.top + 3}), 2);
+        m_Shown->Table.Base.Enabled(false);
+    });
+    EXPECT_TRUE(said(2).State & STATE_SYSTEM_UNAVAILABLE);
 }
 
 TEST_F(Tables, ItMayBeDestroyedInsideItsOwnEvents) {
