@@ -234,5 +234,5 @@ void DrawCheckRow(HDC dc, const RECT& place, const CheckRowState& state) {
     DrawTextIn(dc, state.Font, state.Text, text, ink,
                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     if (state.Selected && state.Focused && state.Enabled)
-        DottedRectangle(dc, block, ink, HairLine(state.Dpi));
+        DottedRectangle(dc, Inset(block, HairLine(state.Dpi)), ink, HairLine(state.Dpi));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/Control.h"
+#include "controls/TypedSearch.h"
 
 #include <functional>
 #include <utility>
@@ -57,6 +58,7 @@ private:
     // CheckListInput.cpp
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool OnKey(WPARAM key);
+    void OnCharacter(char16_t unit);
     void OnWheel(int delta);
     void Toggle(int row);
     int RowAt(int y) const; // -1 for none
@@ -71,6 +73,7 @@ private:
     int m_RowHeight = 20;
     int m_Current = -1, m_Top = 0, m_Pressed = -1;
     int m_Wheel = 0; // what is left of its turns
+    TypedSearch m_Search;
     bool m_RefreshPosted = false;
 };
 

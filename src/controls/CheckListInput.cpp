@@ -38,6 +38,9 @@ bool CheckList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
     case WM_KEYDOWN:
         if (wParam == VK_SPACE && (lParam & (1 << 30))) return true; // held down: once
         return OnKey(wParam);
+    case WM_CHAR:
+        OnCharacter(static_cast<char16_t>(wParam));
+        return true;
     case WM_MOUSEWHEEL:
         OnWheel(static_cast<short>(HIWORD(wParam)));
         return true;
@@ -113,6 +116,14 @@ bool CheckList::OnKey(WPARAM key) {
     default:
         return false;
     }
+}
+
+// A blank has ticked the row already.
+void CheckList::OnCharacter(char16_t unit) {
+    if (unit == u' ') return;
+    const int row = m_Search.Find(unit, ListCount(), m_Current,
+                                  [this](int at) -> std::u16string_view { return At(at).Text; });
+    if (row >= 0) ListIndex(row);
 }
 
 void CheckList::OnWheel(int delta) {

@@ -6,6 +6,7 @@
 #include "controls/Events.h"
 #include "controls/McImageList.h"
 #include "controls/Theme.h"
+#include "controls/TypedSearch.h"
 
 #include <functional>
 #include <memory>
@@ -214,8 +215,7 @@ private:
     bool m_RowsAdded = false; // that screen readers have not been told of
     bool m_MouseInside = false, m_Pressed = false, m_SecondPress = false;
     int m_WheelRest = 0;
-    std::u16string m_Typed; // the beginning of a row that is being typed
-    DWORD m_TypedAt = 0;
+    TypedSearch m_Search;
     std::unique_ptr<cToolTip> m_RowTip;
     class ListDropTarget* m_Drop = nullptr;
 };

@@ -12,16 +12,7 @@
 
 namespace {
 
-constexpr DWORD kTypingPause = 1000;      // milliseconds that end a typed beginning
 constexpr std::size_t kLongestTip = 1024; // units
-
-bool BeginsWith(std::u16string_view text, std::u16string_view beginning) {
-    if (text.size() < beginning.size()) return false;
-    const int length = static_cast<int>(beginning.size());
-    return CompareStringOrdinal(reinterpret_cast<const wchar_t*>(text.data()), length,
-                                reinterpret_cast<const wchar_t*>(beginning.data()), length,
-                                TRUE) == CSTR_EQUAL;
-}
 
 } // namespace
 
@@ -97,24 +88,12 @@ void McListBox::OnKey(int key) {
     }
 }
 
-// Typing goes on to the next row that begins so; the same letter again, to the next with
-// that letter.
 void McListBox::OnCharacter(char16_t unit) {
     const StillThere here(Base);
     Raise(KeyPress, static_cast<int>(unit));
-    if (!here || !Base.hWnd() || unit < u' ' || ListCount() == 0) return;
-    const DWORD now = static_cast<DWORD>(GetMessageTime());
-    if (now - m_TypedAt > kTypingPause) m_Typed.clear();
-    if (m_Typed.empty() && unit == u' ') return;
-    m_TypedAt = now;
-    m_Typed += unit;
-    const bool oneLetter = m_Typed.find_first_not_of(unit) == m_Typed.npos;
-    const std::u16string_view wanted = std::u16string_view(m_Typed).substr(0, oneLetter ? 1 : m_Typed.npos);
-    const int count = ListCount(), from = std::max(ListIndex(), 0) + (oneLetter && ListIndex() >= 0);
-    for (int step = 0; step < count; ++step) {
-        const int row = (from + step) % count;
-        if (BeginsWith(m_Items.Item(row).Text, wanted)) return Choose(row);
-    }
+    if (!here || !Base.hWnd()) return;
+    Choose(m_Search.Find(unit, ListCount(), ListIndex(),
+                         [this](int row) -> std::u16string_view { return m_Items.Item(row).Text; }));
 }
 
 // Nothing is chosen anew that is current already: forms answer a Click with work.

@@ -1,5 +1,6 @@
 // The check list: ticks by mouse, Space and code, rows with their own font, scrolling, look.
 #include "controls/CheckList.h"
+#include "controls/Dpi.h"
 #include "controls/Label.h"
 #include "controls/Painting.h"
 #include "controls/TextBox.h"
@@ -93,6 +94,49 @@ TEST_F(Checks, SpaceTicksAndArrowsOnlySelect) {
     gui::Type(VK_SPACE);
     EXPECT_TRUE(Becomes([&] { return m_Shown->Log.size() == 3; }));
     EXPECT_EQ(m_Shown->Log, (Told{"0 on", "2 on", "0 off"}));
+}
+
+TEST_F(Checks, TypingALetterFindsARowAndTicksNone) {
+    m_Ui.Run([&] {
+        m_Shown->Fields.AddItem(u"Comments", UiFont(), CheckList::kColumn, 16);
+        m_Shown->Fields.Base.SetFocus();
+    });
+    const auto comesTo = [&](int row) { return Becomes([&] { return m_Shown->Fields.ListIndex() == row; }); };
+    gui::Type('C');
+    EXPECT_TRUE(comesTo(1));
+    gui::Type('C'); // the same letter: the next
+    EXPECT_TRUE(comesTo(3));
+    gui::Type('C');
+    EXPECT_TRUE(comesTo(1));
+    EXPECT_TRUE(m_Shown->Log.empty());
+}
+
+TEST_F(Checks, ABanglaLetterFindsItsRow) {
+    m_Ui.Run([&] {
+        m_Shown->Fields.AddItem(u"\u0995\u09BE", UiFont());
+        SendMessageW(List(), WM_CHAR, u'\u0995', 1);
+        EXPECT_EQ(m_Shown->Fields.ListIndex(), 3);
+    });
+}
+
+TEST_F(Checks, ABeginningIsTypedOutAndABlankTicksMeanwhile) {
+    m_Ui.Run([&] {
+        m_Shown->Fields.AddItem(u"Comments", UiFont());
+        m_Shown->Fields.Base.SetFocus();
+    });
+    for (const WORD key : {'C', 'O'}) gui::Type(key);
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Fields.ListIndex() == 3; }));
+    gui::Type(VK_SPACE);
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Log.size() == 1; }));
+    gui::Type('M');
+    gui::Type(VK_SPACE);
+    EXPECT_TRUE(Becomes([&] { return m_Shown->Log.size() == 2; }));
+    EXPECT_EQ(m_Shown->Log, (Told{"3 on", "3 off"}));
+    m_Ui.Run([&] {
+        m_Shown->Fields.Clear();
+        SendMessageW(List(), WM_CHAR, u'c', 1); // no rows
+        EXPECT_EQ(m_Shown->Fields.ListIndex(), -1);
+    });
 }
 
 TEST_F(Checks, SpaceThatIsHeldTicksOnce) {
@@ -253,10 +297,12 @@ TEST_F(Checks, WhatInputBringsAboutIsWhatTheRowsDraw) {
         }
         EXPECT_EQ(differing, 0) << dpi;
         // The block stands right of the picture: 16 of indent, 41 of glyph and picture.
-        const int left = 57 * dpi / 96;
+        const int left = Scaled(16, dpi) + Scaled(41, dpi);
         EXPECT_EQ(shown.At(left - 1, height + 1), palette::Card) << dpi;
-        EXPECT_EQ(shown.At(left, height), palette::Card) << dpi; // the first dot of the focus
-        EXPECT_NE(shown.At(left + 2, height + 3 * dpi / 96), palette::Card) << dpi;
+        EXPECT_EQ(shown.At(left, height), palette::SelGrad) << dpi;
+        const int hair = HairLine(dpi);
+        EXPECT_EQ(shown.At(left + hair, height + hair), palette::Card) << dpi; // the focus, a line inside
+        EXPECT_NE(shown.At(left + 2 * hair, height + 2 * hair), palette::Card) << dpi;
     }
 }
 
@@ -322,6 +368,28 @@ TEST_F(Checks, ScreenReadersGetRowsAndTheirTicks) {
     FillTo(50);
     EXPECT_TRUE(Said(m_Shown->Fields.Base, 50).State & STATE_SYSTEM_OFFSCREEN);
     m_Ui.Run([&] { heard.reset(); });
+}
+
+TEST_F(Checks, OddTextsAndFacesAreTakenAsTheyAre) {
+    const std::vector<std::u16string> texts = {
+        std::u16string(100'000, u'w'), u"", u"a|b\tc", u"&a && b&", u"\xD800 \U0001F600 \xDC00",
+        std::u16string(u"a\0b", 3)};
+    m_Ui.Run([&] {
+        CheckList& fields = m_Shown->Fields;
+        fields.Clear();
+        for (const std::u16string& text : texts)
+            fields.AddItem(text, {u"No Such Face", 9, false, false}, 7, 100'000);
+        for (const std::u16string& text : texts) fields.AddItem(text, UiFont());
+    });
+    m_Ui.Settle();
+    m_Ui.Run([&] {
+        for (int row = 0; row < 12; ++row) {
+            m_Shown->Fields.ListIndex(row);
+            gui::ClientOf(List());
+            EXPECT_TRUE(m_Shown->Fields.List(row) == texts[static_cast<std::size_t>(row % 6)]) << row;
+            EXPECT_TRUE(gui::Ask(List(), row + 1).Name == texts[static_cast<std::size_t>(row % 6)]) << row;
+        }
+    });
 }
 
 TEST_F(Checks, ADisabledListTakesNothing) {
