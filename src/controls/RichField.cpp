@@ -8,14 +8,11 @@
 #include <algorithm>
 #include <richedit.h>
 
-#ifndef IMF_UIFONTS
-#define IMF_UIFONTS 0x0020
-#endif
-
 namespace RichField {
 namespace {
 
-constexpr int kMargin = 5; // pixels at 96 DPI between border padding and text
+// Pixels at 96 DPI between border padding and text.
+constexpr int kLeftMargin = 7, kTopMargin = 4, kRightMargin = 3;
 constexpr LPARAM kNoLimit = 0x7FFFFFFE;
 
 bool ReadOnly(HWND box) {
@@ -64,8 +61,9 @@ void ApplyColours(Control& box) {
 void PlaceText(Control& box) {
     RECT inside;
     GetClientRect(box.hWnd(), &inside);
-    inside.left += box.Scaled(kMargin);
-    inside.right = std::max(inside.right - box.Scaled(kMargin), inside.left + 1);
+    inside.left += box.Scaled(kLeftMargin);
+    inside.top += box.Scaled(kTopMargin);
+    inside.right = std::max(inside.right - box.Scaled(kRightMargin), inside.left + 1);
     SendMessageW(box.hWnd(), EM_SETRECT, 0, reinterpret_cast<LPARAM>(&inside));
 }
 

@@ -45,7 +45,11 @@ void DrawFontEntries(const Paper& paper) {
     for (int i = 0; i < 4; ++i) {
         const FontHandle face({kFaces[i], 12, false, false}, paper.Dpi);
         DrawFontEntry(paper.Dc, paper.Place(12, 102 + i * 24, 196, 24),
-                      {.Text = kFaces[i], .Face = face.Get(), .Selected = i == 1, .Dpi = paper.Dpi});
+                      {.Text = kFaces[i],
+                       .Face = face.Get(),
+                       .Plain = paper.Ui.Get(),
+                       .Selected = i == 1,
+                       .Dpi = paper.Dpi});
     }
 }
 

@@ -108,6 +108,33 @@ TEST_F(Fields, ALongTextIsTakenWhole) {
     EXPECT_EQ(On([&] { return form.Suffix.Text(); }), text);
 }
 
+TEST_F(Fields, OddTextsAreTakenAsTheyAre) {
+    FieldsForm& form = *m_Shown;
+    for (const std::u16string& text :
+         {std::u16string(100'000, u'w'), std::u16string(u"&a && b&"), std::u16string(u"a|b\tc"),
+          std::u16string(u"\xD800 \U0001F600 \xDC00"), std::u16string()}) {
+        m_Ui.Run([&] {
+            for (TextBox* box : {&form.Suffix, &form.Pass}) {
+                box->Text(text);
+                EXPECT_TRUE(box->Text() == text) << text.size();
+            }
+            form.Size.AddItem(text);
+            form.Size.ListIndex(form.Size.ListCount() - 1);
+            EXPECT_TRUE(form.Size.Text() == text) << text.size();
+            gui::ClientOf(form.Size.Base.hWnd());
+        });
+    }
+    m_Ui.Run([&] {
+        form.Suffix.Text(std::u16string(u"ends\0here", 9));
+        EXPECT_EQ(form.Suffix.Text(), u"ends");
+        form.Size.AddItem(std::u16string(u"ends\0here", 9));
+        EXPECT_EQ(form.Size.List(form.Size.ListCount() - 1), u"ends");
+        form.Suffix.Base.Font({u"No Such Face", 12, false, false});
+        form.Size.Base.Font({std::u16string(200, u'n'), 12, false, false});
+        EXPECT_EQ(form.Suffix.Text(), u"ends");
+    });
+}
+
 TEST_F(Fields, APasswordIsHidden) {
     FieldsForm& form = *m_Shown;
     m_Ui.Run([&] { form.Pass.Text(u"secret"); });

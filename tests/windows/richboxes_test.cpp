@@ -224,6 +224,22 @@ TEST_F(Boxes, LineEndsComeBackAsCrLf) {
     });
 }
 
+TEST_F(Boxes, OddCharactersComeBackAsTheyWere) {
+    BoxesForm& form = *m_Shown;
+    const std::u16string text = u"\xD800 \U0001F600 \xDC00 &a\t|\u200C\u200D\uFEFF";
+    m_Ui.Run([&] {
+        form.Paste.Text(text);
+        form.Result.Text(text);
+        EXPECT_EQ(form.Paste.Text(), text);
+        EXPECT_EQ(form.Result.Text(), text);
+        form.Paste.Text(u"");
+        form.Paste.Base.SetFocus();
+    });
+    PutOnClipboard("", text);
+    Chord(VK_CONTROL, 'V');
+    EXPECT_TRUE(Becomes([&] { return form.Paste.Text() == text; }));
+}
+
 TEST_F(Boxes, AFontIsThatOfTheWholeText) {
     BoxesForm& form = *m_Shown;
     m_Ui.Run([&] {
@@ -271,6 +287,24 @@ TEST_F(Boxes, TheBorderTellsTheFocusAtEveryDpi) {
         EXPECT_EQ(idle.At(0, idle.Height / 2), palette::FieldBorder) << dpi;
         EXPECT_EQ(focused.At(two - 1, focused.Height / 2), palette::FocusNeutral) << dpi;
         EXPECT_EQ(focused.At(two, focused.Height / 2), palette::Card) << dpi;
+    }
+}
+
+TEST_F(Boxes, TheTextStandsOffTheBorderAtEveryDpi) {
+    BoxesForm& form = *m_Shown;
+    for (const int dpi : {96, 120, 144, 192}) {
+        SetDpi(dpi);
+        for (const Control* box : {&form.Paste.Base, &form.Result.Base}) {
+            RECT window, text;
+            POINT inside{};
+            GetWindowRect(box->hWnd(), &window);
+            m_Ui.Run([&] {
+                SendMessageW(box->hWnd(), EM_GETRECT, 0, reinterpret_cast<LPARAM>(&text));
+                ClientToScreen(box->hWnd(), &inside);
+            });
+            EXPECT_EQ(inside.x - window.left + text.left, Scaled(3, dpi) + Scaled(7, dpi)) << dpi;
+            EXPECT_EQ(inside.y - window.top + text.top, Scaled(3, dpi) + Scaled(4, dpi)) << dpi;
+        }
     }
 }
 
