@@ -174,6 +174,40 @@ TEST_F(DroppedLists, TheDefaultActionOfARowChoosesItAsEnterDoes) {
     }
 }
 
+TEST_F(DroppedLists, AChoiceMayEndTheBox) {
+    m_Ui.Run([&] { m_Shown.reset(); });
+    struct Own {
+        Form Window;
+        std::unique_ptr<ComboBox> Plain = std::make_unique<ComboBox>();
+        Own() {
+            Window.Bind(u"Plain", *Plain)
+                .Create(u"form\nf\t\tfrmOwn\tform\t\t\t6000\t3000\tOwn\t\t\n"
+                        u"f\tfrmOwn\tPlain\tcombo\t150\t150\t1650\t360\t\t1\tAccessibleName=P\n");
+            for (const char16_t* text : {u"a", u"b", u"c"}) Plain->AddItem(text);
+            Plain->Click = [this] { Plain.reset(); };
+            Window.Show();
+            Plain->Base.SetFocus();
+        }
+    };
+    for (const bool byReader : {false, true}) {
+        std::unique_ptr<Own> own;
+        RECT row{};
+        m_Ui.Run([&] {
+            own = std::make_unique<Own>();
+            ComboField::Toggle(own->Plain->Base);
+            COMBOBOXINFO parts{};
+            parts.cbSize = sizeof parts;
+            GetComboBoxInfo(own->Plain->Base.hWnd(), &parts);
+            row = gui::Ask(parts.hwndList, 2).Place;
+            if (byReader) gui::DoDefault(parts.hwndList, 2);
+        });
+        if (!byReader) gui::Click({row.left + 5, row.top + 3});
+        EXPECT_TRUE(Becomes([&] { return !own->Plain; })) << byReader;
+        m_Ui.Run([&] { own.reset(); });
+        gui::MoveTo({5, 5});
+    }
+}
+
 TEST_F(DroppedLists, AListIsUnavailableWithItsBoxAndGoesWithIt) {
     m_Ui.Run([&] { m_Shown->Plain.Base.Enabled(false); });
     EXPECT_TRUE(Ask(false, 1).State & STATE_SYSTEM_UNAVAILABLE);

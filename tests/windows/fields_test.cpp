@@ -135,6 +135,33 @@ TEST_F(Fields, OddTextsAreTakenAsTheyAre) {
     });
 }
 
+TEST_F(Fields, ATextBoxMayBeDestroyedInsideItsOwnEvent) {
+    struct Own {
+        Form Window;
+        std::unique_ptr<TextBox> Box = std::make_unique<TextBox>();
+        Own() {
+            Window.Bind(u"Box", *Box)
+                .Create(u"form\nf\t\tfrmOwn\tform\t\t\t6000\t3000\tOwn\t\t\n"
+                        u"f\tfrmOwn\tBox\ttext\t150\t150\t1650\t360\t\t1\tAccessibleName=B\n");
+            Box->Change = [this] { Box.reset(); };
+            Window.Show();
+            Box->Base.SetFocus();
+        }
+    };
+    for (int round = 0; round < 20; ++round) {
+        std::unique_ptr<Own> own;
+        m_Ui.Run([&] { own = std::make_unique<Own>(); });
+        if (round > 0) {
+            m_Ui.Run([&] { SendMessageW(own->Box->Base.hWnd(), WM_CHAR, u'a', 1); });
+        } else {
+            ASSERT_TRUE(gui::Activate(own->Window.Base.hWnd()));
+            gui::Type('A');
+        }
+        EXPECT_TRUE(Becomes([&] { return !own->Box; })) << round;
+        m_Ui.Run([&] { own.reset(); });
+    }
+}
+
 TEST_F(Fields, APasswordIsHidden) {
     FieldsForm& form = *m_Shown;
     m_Ui.Run([&] { form.Pass.Text(u"secret"); });
