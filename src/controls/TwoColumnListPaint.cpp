@@ -71,6 +71,7 @@ void DrawTableRow(HDC dc, const RECT& place, const TableRowState& state) {
         VerticalGradient(dc, ground, palette::HeaderTop, palette::HeaderBottom);
     } else if (state.Selected && !state.Enabled) {
         FillRectangle(dc, ground, Theme::Pick(palette::SelDisabled, COLOR_WINDOW));
+        ink = Theme::Pick(palette::Card, COLOR_GRAYTEXT);
     } else if (state.Selected && (state.Focused || contrast)) {
         FillRectangle(dc, ground, Theme::Pick(palette::Sel, COLOR_HIGHLIGHT));
         ink = Theme::Pick(palette::Card, COLOR_HIGHLIGHTTEXT);

@@ -201,6 +201,7 @@ TEST_F(Tables, RowsAreDrawnAsTheirStateSays) {
     EXPECT_EQ(client().At(second.right - 3, second.top + 2), RGB(0xCF, 0xE3, 0xE3));
     m_Ui.Run([&] { m_Shown->Table.Base.Enabled(false); });
     EXPECT_EQ(client().At(second.right - 3, second.top + 2), palette::SelDisabled);
+    EXPECT_EQ(client().Count(palette::DisabledText, second), 0); // its text is white
     EXPECT_EQ(client().At(first.right - 3, first.top + 2), palette::DisabledGround);
     m_Ui.Run([&] { m_Shown->Table.Base.Enabled(true); });
     SetHighContrast(true);
