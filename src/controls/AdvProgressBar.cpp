@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "controls/Dpi.h"
 #include "controls/Painting.h"
+#include "controls/Properties.h"
 
 #include <algorithm>
 
@@ -132,29 +133,19 @@ void AdvProgressBar::Progress(int max, int value) {
 }
 
 bool AdvProgressBar::OnProperty(std::u16string_view name, std::u16string_view value) {
-    if (name == u"Max")
-        Max(ParseNumber(value));
-    else if (name == u"Value")
-        Value(ParseNumber(value));
-    else if (name == u"ShowText")
-        ShowText(ParseYesNo(value));
-    else if (name == u"Style")
-        Style(ParseNumber(value));
-    else if (name == u"Appearance")
-        Appearance(ParseNumber(value));
-    else if (name == u"BorderStyle")
-        BorderStyle(ParseNumber(value));
-    else if (name == u"TextColor")
-        TextColor(ParseColour(value));
-    else if (name == u"BarColor1")
-        BarColor1(ParseColour(value));
-    else if (name == u"BarColor2")
-        BarColor2(ParseColour(value));
-    else if (name == u"BackColor")
-        BackColor(ParseColour(value));
-    else
-        return false;
-    return true;
+    static constexpr PropertySetter<AdvProgressBar> kSetters[] = {
+        {u"Max", &AdvProgressBar::Max},
+        {u"Value", &AdvProgressBar::Value},
+        {u"ShowText", &AdvProgressBar::ShowText},
+        {u"Style", &AdvProgressBar::Style},
+        {u"Appearance", &AdvProgressBar::Appearance},
+        {u"BorderStyle", &AdvProgressBar::BorderStyle},
+        {u"TextColor", &AdvProgressBar::TextColor},
+        {u"BarColor1", &AdvProgressBar::BarColor1},
+        {u"BarColor2", &AdvProgressBar::BarColor2},
+        {u"BackColor", &AdvProgressBar::BackColor},
+    };
+    return SetProperty(*this, kSetters, name, value);
 }
 
 void AdvProgressBar::OnPaint(HDC dc, const RECT& client) {

@@ -64,17 +64,30 @@ std::u16string Control::FullName() const {
 
 void Control::Move(int left, int top, int width, int height) {
     const bool sized = width != m_Width || height != m_Height;
+    const bool moved = left != m_Left || top != m_Top;
     m_Left = left;
     m_Top = top;
     m_Width = width;
     m_Height = height;
     if (!m_hWnd) return;
     PlaceWindow();
+    if (moved && m_Container)
+        m_Form->EachInside(*this, [](Control& held) {
+            if (held.m_hWnd) held.PlaceWindow();
+        });
     if (sized) Tell(Change::Size);
 }
 
+// Edges are rounded as they lie on the form, so that what ends with its container in twips
+// ends with it at every DPI.
 void Control::PlaceWindow() {
-    const RECT pixels = ToPixels(m_Left, m_Top, m_Width, m_Height, Dpi());
+    int left = 0, top = 0; // of the container's inside on the form
+    for (const Control* outer = m_Container; outer && outer->m_Container; outer = outer->m_Container) {
+        left += outer->m_Left;
+        top += outer->m_Top;
+    }
+    RECT pixels = ToPixels(left + m_Left, top + m_Top, m_Width, m_Height, Dpi());
+    OffsetRect(&pixels, -ToPixels(left, Dpi()), -ToPixels(top, Dpi()));
     if (m_Kind->Place)
         m_Kind->Place(m_Owner, pixels);
     else

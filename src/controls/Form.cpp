@@ -362,9 +362,14 @@ void Form::EnabledChanged(Control& changed) {
         control.Tell(Change::Enabled);
     };
     tell(changed);
+    EachInside(changed, tell);
+}
+
+// Everything that stands in it, however deep.
+void Form::EachInside(const Control& container, const std::function<void(Control&)>& job) {
     for (Control* control : m_Controls) {
         for (const Control* outer = control->m_Container; outer; outer = outer->m_Container) {
-            if (outer == &changed) tell(*control);
+            if (outer == &container) job(*control);
         }
     }
 }

@@ -112,6 +112,7 @@ private:
     void ChangeDpi(int dpi);
     void ThemeChanged();
     void EnabledChanged(Control& changed);
+    void EachInside(const Control& container, const std::function<void(Control&)>& job);
     void Forget(Control& control);
     void NoteFocus(Control& control) { m_LastFocus = &control; }
 

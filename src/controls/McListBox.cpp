@@ -7,6 +7,7 @@
 #include "base/Counter16.h"
 #include "controls/Dpi.h"
 #include "controls/Painting.h"
+#include "controls/Properties.h"
 
 #include <algorithm>
 
@@ -166,10 +167,7 @@ void McListBox::RowHeight(int pixels96) {
 }
 
 bool McListBox::OnProperty(std::u16string_view name, std::u16string_view value) {
-    using YesNo = void (McListBox::*)(bool);
-    using Number = void (McListBox::*)(int);
-    using Colour = void (McListBox::*)(OleColour);
-    static constexpr std::pair<std::u16string_view, YesNo> kYesNo[] = {
+    static constexpr PropertySetter<McListBox> kSetters[] = {
         {u"ShowHover", &McListBox::ShowHover},
         {u"ShowToolTip", &McListBox::ShowToolTip},
         {u"ShowIcon", &McListBox::ShowIcon},
@@ -178,14 +176,10 @@ bool McListBox::OnProperty(std::u16string_view name, std::u16string_view value) 
         {u"FocusRectangle", &McListBox::FocusRectangle},
         {u"AutoHideScrollBars", &McListBox::AutoHideScrollBars},
         {u"AutoRefresh", &McListBox::AutoRefresh},
-    };
-    static constexpr std::pair<std::u16string_view, Number> kNumbers[] = {
         {u"Appearance", &McListBox::Appearance},
         {u"RowHeight", &McListBox::RowHeight},
         {u"BackGradient", &McListBox::BackGradient},
         {u"SelGradient", &McListBox::SelGradient},
-    };
-    static constexpr std::pair<std::u16string_view, Colour> kColours[] = {
         {u"BackColor", &McListBox::BackColor},
         {u"ForeColor", &McListBox::ForeColor},
         {u"SelColor", &McListBox::SelColor},
@@ -193,13 +187,7 @@ bool McListBox::OnProperty(std::u16string_view name, std::u16string_view value) 
         {u"BackGradientCol", &McListBox::BackGradientCol},
         {u"SelGradientCol", &McListBox::SelGradientCol},
     };
-    for (const auto& [known, set] : kYesNo)
-        if (name == known) return (this->*set)(ParseYesNo(value)), true;
-    for (const auto& [known, set] : kNumbers)
-        if (name == known) return (this->*set)(ParseNumber(value)), true;
-    for (const auto& [known, set] : kColours)
-        if (name == known) return (this->*set)(ParseColour(value)), true;
-    return false;
+    return SetProperty(*this, kSetters, name, value);
 }
 
 // A font or DPI of its own gives rows another height, a frame another width.

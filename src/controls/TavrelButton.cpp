@@ -5,6 +5,7 @@
 #include "base/Files.h"
 #include "base/RuntimeFailure.h"
 #include "controls/Form.h"
+#include "controls/Properties.h"
 
 #include <algorithm>
 
@@ -52,43 +53,26 @@ void TavrelButton::OnCreated() {
 }
 
 bool TavrelButton::OnProperty(std::u16string_view name, std::u16string_view value) {
-    if (name == u"Primary") {
-        Primary(ParseYesNo(value));
-    } else if (name == u"Picture") {
-        Picture(::Picture::FromResource(value));
-    } else if (name == u"BackColor") {
-        BackColor(ParseColour(value));
-    } else if (name == u"ButtonStyle") {
-        ButtonStyle(ParseNumber(value));
-    } else if (name == u"ForeColor") {
-        ForeColor(ParseColour(value));
-    } else if (name == u"TransparentBG") {
-        TransparentBG(ParseYesNo(value));
-    } else if (name == u"ShowFocusRect") {
-        ShowFocusRect(ParseYesNo(value));
-    } else if (name == u"PicturePosition") {
-        PicturePosition(ParseNumber(value));
-    } else if (name == u"PictureSize") {
-        PictureSize(ParseNumber(value));
-    } else if (name == u"PictureWidth") {
-        PictureWidth(ParseNumber(value));
-    } else if (name == u"PictureHeight") {
-        PictureHeight(ParseNumber(value));
-    } else if (name == u"XPDefaultColors") {
-        XPDefaultColors(ParseYesNo(value));
-    } else if (name == u"XPColor_Pressed") {
-        XPColor_Pressed(ParseColour(value));
-    } else if (name == u"XPColor_Hover") {
-        XPColor_Hover(ParseColour(value));
-    } else if (name == u"SoundOver") {
-        SoundOver(value);
-    } else if (name == u"SoundClick") {
-        SoundClick(value);
-    } else if (name == u"DefCurHand") {
-        DefCurHand(ParseYesNo(value));
-    } else {
-        return false;
-    }
+    static constexpr PropertySetter<TavrelButton> kSetters[] = {
+        {u"Primary", &TavrelButton::Primary},
+        {u"BackColor", &TavrelButton::BackColor},
+        {u"ButtonStyle", &TavrelButton::ButtonStyle},
+        {u"ForeColor", &TavrelButton::ForeColor},
+        {u"TransparentBG", &TavrelButton::TransparentBG},
+        {u"ShowFocusRect", &TavrelButton::ShowFocusRect},
+        {u"PicturePosition", &TavrelButton::PicturePosition},
+        {u"PictureSize", &TavrelButton::PictureSize},
+        {u"PictureWidth", &TavrelButton::PictureWidth},
+        {u"PictureHeight", &TavrelButton::PictureHeight},
+        {u"XPDefaultColors", &TavrelButton::XPDefaultColors},
+        {u"XPColor_Pressed", &TavrelButton::XPColor_Pressed},
+        {u"XPColor_Hover", &TavrelButton::XPColor_Hover},
+        {u"SoundOver", &TavrelButton::SoundOver},
+        {u"SoundClick", &TavrelButton::SoundClick},
+        {u"DefCurHand", &TavrelButton::DefCurHand},
+    };
+    if (name != u"Picture") return SetProperty(*this, kSetters, name, value);
+    Picture(::Picture::FromResource(value));
     return true;
 }
 

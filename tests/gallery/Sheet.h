@@ -3,8 +3,7 @@
 #pragma once
 
 #include "controls/Font.h"
-#include "controls/Form.h"
-#include "controls/cXPCombo.h"
+#include "gallery/LayoutForm.h"
 
 #include <memory>
 #include <string>
@@ -47,17 +46,14 @@ std::u16string Row(std::u16string_view name, std::u16string_view kind, int left,
 // All of them, the states of all controls first.
 const std::vector<Sheet>& Sheets();
 
-// A sheet as a window. Each row of its layout gets a control of the row's kind, each combo
-// its skin.
+// A sheet as a window.
 class SheetWindow {
+    const Sheet& m_Sheet;
+    LayoutForm m_Live;
+
 public:
     explicit SheetWindow(const Sheet& sheet);
-    Form Window;
-
-private:
-    const Sheet& m_Sheet;
-    std::vector<std::shared_ptr<void>> m_Controls;
-    std::vector<std::unique_ptr<cXPCombo>> m_Skins;
+    Form& Window = m_Live.Window;
 };
 
 // The live control of that name; it must be there and of that class.

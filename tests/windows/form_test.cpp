@@ -145,6 +145,24 @@ TEST_F(FormKit, PlacesFollowTheDpi) {
     }
 }
 
+// At 120 DPI 15 twips are a pixel and a quarter.
+TEST_F(FormKit, WhatEndsWithItsContainerDoesSoWhereverThatStands) {
+    SetDpi(120);
+    m_Ui.Run([&] {
+        TestForm& form = *m_Shown;
+        form.TextLow.Base.Move(300, 300, 3765, 360);
+        form.FrameLow.Base.Move(0, 0, 4065, 1500);
+        for (const int left : {0, 615, 630, 645, 660}) {
+            form.FrameLow.Base.Left(left);
+            RECT inside, place;
+            GetClientRect(form.FrameLow.Base.hWnd(), &inside);
+            GetWindowRect(form.TextLow.Base.hWnd(), &place);
+            MapWindowPoints(nullptr, form.FrameLow.Base.hWnd(), reinterpret_cast<POINT*>(&place), 2);
+            EXPECT_EQ(place.right, inside.right) << left;
+        }
+    });
+}
+
 TEST_F(FormKit, AFailureInAHandlerIsKeptAndEndsTheLoop) {
     TestForm& form = *m_Shown;
     m_Ui.Run([&] {
