@@ -3,6 +3,8 @@
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
 
+#include <vector>
+
 namespace {
 
 // Decimal digits, at most nine, with a minus sign or none.

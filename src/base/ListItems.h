@@ -2,10 +2,10 @@
 // list control shows.
 #pragma once
 
+#include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
-#include <vector>
 
 struct ListItem {
     std::u16string Text;
@@ -52,5 +52,5 @@ private:
     std::size_t At(int index) const;
     void Tell(ListChange change, int index) const;
 
-    std::vector<ListItem> m_Items;
+    std::deque<ListItem> m_Items; // runs remove from the front
 };

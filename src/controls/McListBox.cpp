@@ -218,7 +218,10 @@ void McListBox::LookChanged() {
 
 McListBoxState McListBox::Look() const {
     McListBoxState look = m_State;
-    look.Row = [this](int row) -> const ListItem& { return m_Items.Item(row); };
+    look.Row = [this](int row) -> const ListItem& {
+        TallyRow();
+        return m_Items.Item(row);
+    };
     look.Count = ListCount();
     look.ImageList = m_ImageList;
     look.Enabled = Base.EnabledInAll();

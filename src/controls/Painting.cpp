@@ -19,6 +19,10 @@ const PaintTally& PaintsSoFar() {
     return g_Tally;
 }
 
+void TallyRow() {
+    ++g_Tally.Rows;
+}
+
 void PaintBuffered(HWND window, const std::function<void(HDC, const RECT&)>& paint) {
     PAINTSTRUCT told;
     const HDC screen = BeginPaint(window, &told);

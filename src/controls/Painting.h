@@ -15,8 +15,10 @@ void PaintBuffered(HWND window, const std::function<void(HDC, const RECT& client
 struct PaintTally {
     long Paints = 0; // WM_PAINT answered
     long Blits = 0;
+    long Rows = 0; // rows that lists have read to paint them
 };
 const PaintTally& PaintsSoFar();
+void TallyRow();
 
 void FillRectangle(HDC dc, const RECT& place, COLORREF colour);
 // A frame of the given width, inside place.
