@@ -40,6 +40,7 @@ Bar Measure(const RECT& surface, const AdvProgressBarState& state) {
     if (state.Style != kValueDependant) return bar;
     const int width = WidthOf(surface);
     bar.Width = static_cast<int>(std::clamp(1LL * width * state.Value / state.Max, 0LL, 1LL * width));
+    if (bar.Width == 0) return bar; // no colour is seen
     const COLORREF from = Resolve(state.BarColor1), to = Resolve(state.BarColor2);
     bar.Colour = Theme::Pick(RGB(Between(GetRValue(from), GetRValue(to), state),
                                  Between(GetGValue(from), GetGValue(to), state),
@@ -123,6 +124,7 @@ void AdvProgressBar::Value(int value) {
 void AdvProgressBar::Progress(int max, int value) {
     RECT client{};
     GetClientRect(Base.hWnd(), &client);
+    m_State.Dpi = Base.Dpi();
     const RECT surface = Surface(client, m_State);
     const Bar before = Measure(surface, m_State);
     const std::u16string saidBefore = Spoken(0);

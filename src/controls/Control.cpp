@@ -70,7 +70,9 @@ void Control::Move(int left, int top, int width, int height) {
     m_Width = width;
     m_Height = height;
     if (!m_hWnd) return;
+    const StillThere here(*this);
     PlaceWindow();
+    if (!here) return;
     if (moved && m_Container)
         m_Form->EachInside(*this, [](Control& held) {
             if (held.m_hWnd) held.PlaceWindow();

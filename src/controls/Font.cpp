@@ -90,7 +90,10 @@ bool IsInstalled(const std::u16string& family) {
 
 FontHandle::FontHandle(const Font& font, int dpi) {
     LOGFONTW wanted{};
-    wanted.lfHeight = -static_cast<LONG>(std::lround(font.Size * dpi / 72));
+    // A size that cannot be meant is left to the system.
+    constexpr double kMostPixels = 4096;
+    const double pixels = font.Size * dpi / 72;
+    if (pixels > 0 && pixels <= kMostPixels) wanted.lfHeight = -static_cast<LONG>(std::lround(pixels));
     wanted.lfWeight = font.Bold ? FW_BOLD : FW_NORMAL;
     wanted.lfUnderline = font.Underline;
     wanted.lfCharSet = DEFAULT_CHARSET;

@@ -1,19 +1,13 @@
-// A form's making from its layout, its ground, DPI and theme. Keys: FormKeys.cpp; the modal
-// show: FormModal.cpp.
+// A form's window, its ground, DPI and theme. Its controls: FormLayout.cpp; keys:
+// FormKeys.cpp; the modal show: FormModal.cpp.
 #include "controls/Form.h"
 
 #include "base/DoEvents.h"
 #include "base/RuntimeFailure.h"
-#include "base/Text.h"
 #include "controls/Dpi.h"
 #include "controls/EventFrame.h"
-#include "controls/Frame.h"
-#include "controls/Label.h"
-#include "controls/Line.h"
 #include "controls/Painting.h"
-#include "controls/PictureBox.h"
 
-#include <algorithm>
 #include <commctrl.h>
 
 namespace {
@@ -34,23 +28,6 @@ void StartKit() {
         return true;
     }();
     (void)started;
-}
-
-// The controls that a layout may have without a member of the form.
-template <class Class>
-Control* Keep(std::vector<std::shared_ptr<void>>& own) {
-    auto control = std::make_shared<Class>();
-    own.push_back(control);
-    return &control->Base;
-}
-
-bool IsKind(std::u16string_view kind, std::u16string_view words) {
-    const auto known = text::Split(words, u"|");
-    return std::find(known.begin(), known.end(), kind) != known.end();
-}
-
-[[noreturn]] void Refuse(const std::u16string& name, std::u16string_view why) {
-    throw RuntimeFailure(kTypeMismatch, name, why);
 }
 
 } // namespace
@@ -85,28 +62,8 @@ const std::vector<Form*>& Forms::All() {
     return g_Forms;
 }
 
-void Form::Create(std::u16string_view layout) {
-    StartKit();
-    Control* label = nullptr;
-    for (const LayoutRow& row : ParseLayout(layout)) {
-        if (row.Kind == u"form") {
-            Base.m_Form = this;
-            Base.m_Name = row.Name;
-            Base.m_Caption = row.Caption;
-            Base.m_Width = row.Width;
-            Base.m_Height = row.Height;
-            for (const auto& [name, value] : row.Properties) Base.ApplyProperty(name, value);
-            MakeWindow();
-            continue;
-        }
-        if (!Base.m_hWnd) Refuse(std::u16string(row.Name), u"The layout has no line for the form");
-        MakeControl(row, label);
-        label = row.Kind == u"label" ? m_Controls.back() : nullptr;
-    }
-    CheckBindings();
-}
-
 void Form::MakeWindow() {
+    StartKit();
     const DWORD style =
         WS_CLIPCHILDREN | static_cast<DWORD>(m_Caption ? WS_POPUP | WS_CAPTION | WS_SYSMENU : WS_POPUP);
     const DWORD exStyle = m_Caption ? WS_EX_DLGMODALFRAME : 0;
@@ -128,64 +85,8 @@ void Form::MakeWindow() {
 void Form::ApplyShape() {
     if (!m_ShapeId) return;
     if (!m_Shape.RegionFromResource(m_ShapeId, u"CUSTOM", m_Dpi))
-        Refuse(Base.m_Name, u"There is no such shape");
+        throw RuntimeFailure(kTypeMismatch, Base.m_Name, u"There is no such shape");
     m_Shape.Apply(Base.m_hWnd);
-}
-
-void Form::MakeControl(const LayoutRow& row, Control* label) {
-    Control* control = Bound(row);
-    if (!control) {
-        if (row.Kind == u"label")
-            control = Keep<Label>(m_Own);
-        else if (row.Kind == u"line")
-            control = Keep<Line>(m_Own);
-        else if (row.Kind == u"picture")
-            control = Keep<PictureBox>(m_Own);
-        else if (row.Kind == u"frame" || row.Kind == u"shape")
-            control = Keep<Frame>(m_Own);
-        else
-            Refuse(std::u16string(row.Name), u"The form has no such control");
-    }
-    if (!IsKind(row.Kind, control->Kind().LayoutKinds))
-        Refuse(std::u16string(row.Name), u"The layout has another kind");
-    m_Controls.push_back(control);
-    if (control->Kind().TakesLabel) control->m_Label = label;
-    // Default and Cancel are the form's to know.
-    LayoutRow shared = row;
-    std::erase_if(shared.Properties, [&](const auto& property) {
-        if (property.first == u"Default" && ParseYesNo(property.second)) DefaultButton = control;
-        if (property.first == u"Cancel" && ParseYesNo(property.second)) CancelButton = control;
-        return property.first == u"Default" || property.first == u"Cancel";
-    });
-    control->Create(*this, ContainerOf(row), shared);
-}
-
-Control* Form::Bound(const LayoutRow& row) {
-    for (const Binding& binding : m_Bindings) {
-        if (binding.Name == row.Name && binding.Index == row.Index) return binding.Target;
-    }
-    return nullptr;
-}
-
-Control* Form::ContainerOf(const LayoutRow& row) {
-    if (row.Container == Base.m_Name) return &Base;
-    Control* found = Find(row.Container);
-    if (!found || !found->Kind().Container) Refuse(std::u16string(row.Name), u"The container is unknown");
-    return found;
-}
-
-void Form::CheckBindings() const {
-    for (const Binding& binding : m_Bindings) {
-        if (binding.Target->m_Form != this)
-            Refuse(std::u16string(binding.Name), u"The layout has no line for the control");
-    }
-}
-
-Control* Form::Find(std::u16string_view fullName) const {
-    for (Control* control : m_Controls) {
-        if (control->FullName() == fullName) return control;
-    }
-    return nullptr;
 }
 
 bool Form::OnProperty(std::u16string_view name, std::u16string_view value) {
@@ -333,8 +234,10 @@ bool Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result
 }
 
 void Form::ChangeDpi(int dpi) {
+    const StillThere here(Base);
     m_Dpi = dpi;
     Base.PlaceWindow();
+    if (!here) return; // by its Resize
     ApplyShape();
     for (Control* control : m_Controls) {
         control->FontChanged();

@@ -103,10 +103,6 @@ private:
     void OnPlace(const RECT& pixels);
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void MakeWindow();
-    void MakeControl(const LayoutRow& row, Control* label);
-    Control* Bound(const LayoutRow& row);
-    Control* ContainerOf(const LayoutRow& row);
-    void CheckBindings() const;
     void ApplyShape();
     void NotePlace();
     void ChangeDpi(int dpi);
@@ -115,6 +111,12 @@ private:
     void EachInside(const Control& container, const std::function<void(Control&)>& job);
     void Forget(Control& control);
     void NoteFocus(Control& control) { m_LastFocus = &control; }
+
+    // FormLayout.cpp
+    void MakeControl(const LayoutRow& row, Control* label);
+    Control* Bound(const LayoutRow& row);
+    Control* ContainerOf(const LayoutRow& row);
+    void CheckBindings() const;
 
     // FormKeys.cpp
     std::vector<Control*> TabOrder() const;

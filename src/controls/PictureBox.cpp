@@ -46,8 +46,9 @@ bool PictureBox::OnProperty(std::u16string_view name, std::u16string_view value)
 void PictureBox::OnPaint(HDC dc, const RECT& client) {
     if (m_BackColor != kNoColour) FillRectangle(dc, client, Theme::Pick(Resolve(m_BackColor), COLOR_WINDOW));
     m_Picture.DrawOnPlate(dc, client, Base.Dpi(), !Base.EnabledInAll());
+    const StillThere here(Base);
     Raise(Paint, dc, client);
-    if (m_BorderColor != kNoColour)
+    if (here && m_BorderColor != kNoColour)
         FrameRectangle(dc, client, Theme::Pick(Resolve(m_BorderColor), COLOR_WINDOWTEXT), Base.HairLine());
 }
 

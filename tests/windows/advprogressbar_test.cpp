@@ -246,6 +246,27 @@ TEST_F(Bars, StepsThatNobodySeesAreNotPainted) {
     });
 }
 
+// Neither more nor less than what can be seen, also where the border is wider.
+TEST_F(Bars, EachStepThatIsSeenIsPaintedAtEveryDpi) {
+    AdvProgressBar& bar = m_Shown->Progress;
+    for (const int dpi : {96, 144, 192}) {
+        SetDpi(dpi);
+        m_Ui.Run([&] {
+            bar.Max(700);
+            bar.Value(0);
+            gui::Pixels seen = gui::ClientOf(bar.Base.hWnd());
+            for (int value = 1; value <= 700; ++value) {
+                const long before = PaintsSoFar().Paints;
+                bar.Value(value);
+                const bool painted = PaintsSoFar().Paints != before;
+                const gui::Pixels now = gui::ClientOf(bar.Base.hWnd());
+                ASSERT_EQ(painted, !(now == seen)) << value << " at " << dpi;
+                seen = now;
+            }
+        });
+    }
+}
+
 TEST_F(Bars, ScreenReadersHearOfEachPercent) {
     AdvProgressBar& bar = m_Shown->Progress;
     m_Ui.Run([&] { bar.Value(0); });
