@@ -235,6 +235,7 @@ TEST_F(Bars, AValueIsPaintedAtOnceInOneBlit) {
 // 118 pixels and 100 labels and at most 124 shades: most of 30,000 steps change nothing.
 TEST_F(Bars, StepsThatNobodySeesAreNotPainted) {
     AdvProgressBar& bar = m_Shown->Progress;
+    SetDpi(96);
     m_Ui.Run([&] {
         bar.Max(30'000);
         bar.Value(0);

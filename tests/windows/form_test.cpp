@@ -62,8 +62,8 @@ TEST_F(FormKit, ControlsAreMadeFromTheTable) {
     EXPECT_EQ(WindowText(form.Window.Base.hWnd()), u"Test form");
     RECT client;
     GetClientRect(form.Window.Base.hWnd(), &client);
-    EXPECT_EQ(WidthOf(client), 400);
-    EXPECT_EQ(HeightOf(client), 300);
+    EXPECT_EQ(WidthOf(client), Scaled(400, form.Window.Dpi()));
+    EXPECT_EQ(HeightOf(client), Scaled(300, form.Window.Dpi()));
 }
 
 TEST_F(FormKit, TabGoesByTheNumbersAndSkipsWhatARaisedPaneCovers) {

@@ -4,6 +4,7 @@
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
 #include "controls/Caption.h"
+#include "controls/Dpi.h"
 #include "controls/Form.h"
 #include "controls/Label.h"
 #include "controls/Picture.h"
@@ -160,11 +161,12 @@ TEST(Layout, TheLoadingNoticeIsMadeFromItsTable) {
     EXPECT_EQ(lblMsg.Caption(), u"Loading Converter Settings...");
     const gui::Pixels border = gui::ClientOf(form.Find(u"ShapeBorder")->hWnd());
     EXPECT_EQ(border.At(0, 0), palette::Outline);
-    EXPECT_EQ(border.At(1, 1), palette::Card);
+    const int hair = HairLine(form.Dpi());
+    EXPECT_EQ(border.At(hair, hair), palette::Card);
     // The border lies below what it runs round.
     EXPECT_EQ(GetWindow(form.Find(u"ShapeBorder")->hWnd(), GW_HWNDNEXT), nullptr);
     const gui::Pixels image = gui::ClientOf(form.Find(u"ImageLoading")->hWnd());
-    EXPECT_LT(image.Count(palette::Card), 32 * 32 / 2);
+    EXPECT_LT(image.Count(palette::Card), image.Width * image.Height / 2);
 }
 
 TEST(Caption, AccessKeys) {

@@ -96,8 +96,11 @@ TEST_P(OwnForms, EveryRowIsAControl) {
 
 TEST_P(OwnForms, EveryControlLiesInsideItsContainer) {
     Each([](Control& control, int dpi) {
-        RECT inside;
-        GetClientRect(control.Container()->hWnd(), &inside);
+        // Under a caption bar only the monitor's own DPI gives the form its true inside.
+        RECT inside{0, 0, ToPixels(control.Parent()->Base.Width(), dpi),
+                    ToPixels(control.Parent()->Base.Height(), dpi)};
+        if (control.Container() != &control.Parent()->Base)
+            GetClientRect(control.Container()->hWnd(), &inside);
         const RECT place = PlaceOf(control);
         EXPECT_GE(place.left, 0) << Told(control, dpi);
         EXPECT_GE(place.top, 0) << Told(control, dpi);
@@ -108,6 +111,15 @@ TEST_P(OwnForms, EveryControlLiesInsideItsContainer) {
             EXPECT_NEAR(WidthOf(place), ToPixels(control.Width(), dpi), 1) << Told(control, dpi);
             EXPECT_NEAR(HeightOf(place), ToPixels(control.Height(), dpi), 1) << Told(control, dpi);
         }
+    });
+}
+
+TEST_P(OwnForms, TheFormHasTheLayoutsSize) {
+    m_Ui.Run([&] {
+        RECT inside;
+        GetClientRect(Shown().Base.hWnd(), &inside);
+        EXPECT_EQ(inside.right, ToPixels(Shown().Base.Width(), Shown().Dpi()));
+        EXPECT_EQ(inside.bottom, ToPixels(Shown().Base.Height(), Shown().Dpi()));
     });
 }
 

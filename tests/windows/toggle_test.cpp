@@ -105,8 +105,9 @@ TEST_F(Toggle, MovesAreToldInTwips) {
             y = atY;
         };
     });
-    gui::MoveTo(gui::ToScreen(m_Shown->Ready->Base.hWnd(), 7, 9));
-    EXPECT_TRUE(Becomes([&] { return x == 105 && y == 135 && button == 0; }));
+    const Control& ready = m_Shown->Ready->Base;
+    gui::MoveTo(gui::ToScreen(ready.hWnd(), ready.Scaled(8), ready.Scaled(10)));
+    EXPECT_TRUE(Becomes([&] { return x == 120 && y == 150 && button == 0; }));
 }
 
 TEST_F(Toggle, ADoubleClickTogglesTwice) {
