@@ -35,9 +35,11 @@ void Control::Create(Form& form, Control* container, const LayoutRow& row) {
     m_TabIndex = row.TabIndex;
     m_Font = UiFont();
     if (m_Kind->HasWindow) MakeWindow();
-    if (m_hWnd) EnableWindow(m_hWnd, EnabledInAll());
+    if (m_hWnd && !EnabledInAll()) EnableWindow(m_hWnd, FALSE);
     if (m_Kind->Created) m_Kind->Created(m_Owner);
     for (const auto& [name, value] : row.Properties) ApplyProperty(name, value);
+    m_Made = true;
+    if (m_Kind->Made) m_Kind->Made(m_Owner);
 }
 
 void Control::ApplyProperty(std::u16string_view name, std::u16string_view value) {

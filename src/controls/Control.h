@@ -38,6 +38,7 @@ struct ControlKind {
     bool EnterPresses = false;             // Enter presses it while it has the focus
     void (*Created)(void* self) = nullptr; // the window is there; properties come next
     bool (*Property)(void* self, std::u16string_view name, std::u16string_view value) = nullptr;
+    void (*Made)(void* self) = nullptr; // the properties of its row are there too
     void (*Paint)(void* self, HDC dc, const RECT& client) = nullptr;
     void (*Ground)(void* self, HDC dc, const RECT& client) = nullptr; // what children stand on
     // True: dealt with, result is the answer. False: the kit and the system do their share.
@@ -123,6 +124,9 @@ public:
     void SetFocus();
     bool HasFocus() const; // it, or a window inside it
     HWND hWnd() const { return m_hWnd; }
+    // Its row of the layout has been applied as a whole: what follows from several properties
+    // need not be done before.
+    bool Made() const { return m_Made; }
     void Invalidate(); // repaints when the queue is empty
     void Refresh();    // repaints now
 
@@ -185,7 +189,7 @@ private:
     std::u16string m_Name, m_Caption, m_Tag, m_ToolTipText, m_DesignTip, m_AccessibleName;
     int m_Index = -1, m_TabIndex = -1;
     int m_Left = 0, m_Top = 0, m_Width = 0, m_Height = 0;
-    bool m_Visible = true, m_Enabled = true;
+    bool m_Visible = true, m_Enabled = true, m_Made = false;
     ::Font m_Font;
     FontHandle m_FontHandle;
     HWND m_hWnd = nullptr;

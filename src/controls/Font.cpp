@@ -32,6 +32,27 @@ Font Heavy(double points, double fallback) {
     return {u"Tahoma", fallback, true, false};
 }
 
+// A font in the context that a thread keeps for measuring: lists measure many times for each
+// message, and fetching the screen's context costs more than the measuring.
+class Measuring {
+public:
+    explicit Measuring(HFONT font) : m_Before(SelectObject(Dc(), font)) {}
+    ~Measuring() { SelectObject(Dc(), m_Before); }
+    Measuring(const Measuring&) = delete;
+    Measuring& operator=(const Measuring&) = delete;
+    static HDC Dc() {
+        static thread_local const Kept kept;
+        return kept.Dc;
+    }
+
+private:
+    struct Kept {
+        HDC Dc = CreateCompatibleDC(nullptr);
+        ~Kept() { DeleteDC(Dc); }
+    };
+    HGDIOBJ m_Before;
+};
+
 struct Named {
     std::u16string_view Name;
     Font (*Make)();
@@ -113,22 +134,16 @@ FontHandle::~FontHandle() {
 }
 
 int LineHeight(HFONT font) {
-    const HDC screen = GetDC(nullptr);
-    const HGDIOBJ before = SelectObject(screen, font);
+    const Measuring measuring(font);
     TEXTMETRICW metrics{};
-    GetTextMetricsW(screen, &metrics);
-    SelectObject(screen, before);
-    ReleaseDC(nullptr, screen);
+    GetTextMetricsW(measuring.Dc(), &metrics);
     return metrics.tmHeight;
 }
 
 SIZE TextSize(HFONT font, std::u16string_view text) {
-    const HDC screen = GetDC(nullptr);
-    const HGDIOBJ before = SelectObject(screen, font);
+    const Measuring measuring(font);
     SIZE size{};
-    GetTextExtentPoint32W(screen, reinterpret_cast<const wchar_t*>(text.data()),
+    GetTextExtentPoint32W(measuring.Dc(), reinterpret_cast<const wchar_t*>(text.data()),
                           static_cast<int>(text.size()), &size);
-    SelectObject(screen, before);
-    ReleaseDC(nullptr, screen);
     return size;
 }

@@ -280,6 +280,7 @@ void Form::EachInside(const Control& container, const std::function<void(Control
 void Form::Forget(Control& control) {
     if (&control == &Base) return;
     std::erase(m_Controls, &control);
+    std::erase_if(m_Bindings, [&](const Binding& binding) { return binding.Target == &control; });
     for (Control* other : m_Controls) {
         if (other->m_Container == &control) other->m_Container = nullptr;
         if (other->m_Label == &control) other->m_Label = nullptr;

@@ -48,7 +48,8 @@ public:
     }
     // Makes the window, not shown yet, and its controls. layout must live as long as the
     // program. Raises failure 13 where a joined name has no row, a row's kind is another
-    // than the member's, or a container or property is unknown.
+    // than the member's, or a container or property is unknown. A further layout, without a
+    // line for the form, adds its controls to those that are there.
     void Create(std::u16string_view layout);
 
     void Show();

@@ -54,8 +54,9 @@ const ControlKind McListBox::kKind{
     .LayoutKinds = u"McListBox",
     .Focusable = true,
     .TakesLabel = true,
-    .Created = Entry<&McListBox::OnCreated>::Call,
+    .Created = Entry<&McListBox::AcceptDrops>::Call,
     .Property = Entry<&McListBox::OnProperty>::Call,
+    .Made = Entry<&McListBox::LookChanged>::Call,
     .Paint = Entry<&McListBox::OnPaint>::Call,
     .Message = Entry<&McListBox::OnMessage>::Call,
     .Changed = Entry<&McListBox::OnChanged>::Call,
@@ -68,11 +69,6 @@ McListBox::McListBox() : Base(this, kKind) {
 
 McListBox::~McListBox() {
     EndDrops();
-}
-
-void McListBox::OnCreated() {
-    AcceptDrops();
-    LookChanged();
 }
 
 void McListBox::AddItem(std::u16string_view text, int index, int icon, bool bold) {
@@ -207,7 +203,7 @@ void McListBox::TakeFonts() {
 }
 
 void McListBox::LookChanged() {
-    if (!Base.hWnd()) return;
+    if (!Base.hWnd() || !Base.Made()) return;
     TakeFonts();
     SetWindowPos(Base.hWnd(), nullptr, 0, 0, 0, 0,
                  SWP_NOMOVE | SWP_NOSIZE | SWP_NOZORDER | SWP_NOACTIVATE | SWP_FRAMECHANGED);

@@ -162,7 +162,6 @@ private:
     friend class ListDropTarget;
 
     // McListBox.cpp
-    void OnCreated();
     bool OnProperty(std::u16string_view name, std::u16string_view value);
     void OnChanged(Change what);
     void OnItems(ListChange change, int index);

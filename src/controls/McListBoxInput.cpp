@@ -259,7 +259,7 @@ void McListBox::OnWheel(int delta) {
 }
 
 void McListBox::UpdateScrollBar() {
-    if (!Base.hWnd() || !m_State.Font) return;
+    if (!Base.hWnd() || !Base.Made()) return;
     const int visible = VisibleRows();
     m_State.TopRow = std::clamp(m_State.TopRow, 0, std::max(0, ListCount() - visible));
     SCROLLINFO bar{sizeof bar, SIF_RANGE | SIF_PAGE | SIF_POS, 0, 0, 0, 0, 0};

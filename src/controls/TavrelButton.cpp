@@ -38,6 +38,7 @@ const ControlKind TavrelButton::kKind{
     .EnterPresses = true,
     .Created = Entry<&TavrelButton::OnCreated>::Call,
     .Property = Entry<&TavrelButton::OnProperty>::Call,
+    .Made = Entry<&TavrelButton::ShapeWindow>::Call,
     .Paint = Entry<&TavrelButton::OnPaint>::Call,
     .Message = Entry<&TavrelButton::OnMessage>::Call,
     .Changed = Entry<&TavrelButton::OnChanged>::Call,
@@ -49,7 +50,6 @@ void TavrelButton::OnCreated() {
     m_SoundOver = files::Join(files::ProgramFolder(), u"over.wav");
     m_SoundClick = files::Join(files::ProgramFolder(), u"click.wav");
     KeepLeastSize();
-    ShapeWindow();
 }
 
 bool TavrelButton::OnProperty(std::u16string_view name, std::u16string_view value) {
@@ -168,11 +168,13 @@ void TavrelButton::KeepLeastSize() {
 // Style 3 has its corners cut; the system owns the region from then on.
 void TavrelButton::ShapeWindow() {
     const HWND window = Base.hWnd();
-    if (!window) return;
+    if (!window || !Base.Made()) return;
     if (m_Look.ButtonStyle != kStyleXP) {
-        SetWindowRgn(window, nullptr, TRUE);
+        if (m_Shaped) SetWindowRgn(window, nullptr, TRUE);
+        m_Shaped = false;
         return;
     }
+    m_Shaped = true;
     RECT client;
     GetClientRect(window, &client);
     const HRGN whole = CreateRectRgn(0, 0, 0, 0);

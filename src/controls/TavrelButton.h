@@ -152,6 +152,7 @@ private:
     bool m_LooksReleased = false; // held, but the mouse has left
     bool m_Hovering = false;
     bool m_OverTimerRuns = false;
+    bool m_Shaped = false;    // the window has a region
     bool m_KeyHeld = false;   // repeats of the key are passed over
     bool m_SpaceHeld = false; // the press came from the space bar
     int m_ButtonsHeld = 0;    // mouse buttons that went down on it

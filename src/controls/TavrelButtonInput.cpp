@@ -44,15 +44,15 @@ bool TavrelButton::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
 }
 
 bool TavrelButton::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
-    const MouseAt mouse = ReadMouse(message, wParam, lParam, Base.Dpi());
+    const auto mouse = [&] { return ReadMouse(message, wParam, lParam, Base.Dpi()); };
     switch (message) {
     case WM_MOUSEMOVE:
-        MouseMoved(mouse);
+        MouseMoved(mouse());
         return true;
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
     case WM_MBUTTONDOWN:
-        MouseGoesDown(mouse);
+        MouseGoesDown(mouse());
         return true;
     case WM_LBUTTONDBLCLK:
     case WM_RBUTTONDBLCLK:
@@ -63,7 +63,7 @@ bool TavrelButton::OnMouse(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONUP:
     case WM_RBUTTONUP:
     case WM_MBUTTONUP:
-        MouseComesUp(mouse);
+        MouseComesUp(mouse());
         return true;
     default:
         return false;

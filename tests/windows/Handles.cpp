@@ -4,6 +4,9 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <set>
+#include <utility>
+#include <vector>
 
 namespace gui {
 namespace {
@@ -59,6 +62,45 @@ int Windows() {
     for (HWND window = nullptr; (window = FindWindowExW(HWND_MESSAGE, window, nullptr, nullptr)) != nullptr;)
         CountTop(window, count);
     return count;
+}
+
+long long HeapBytes() {
+    std::vector<HANDLE> heaps(GetProcessHeaps(0, nullptr));
+    heaps.resize(GetProcessHeaps(static_cast<DWORD>(heaps.size()), heaps.data()));
+    long long sum = 0;
+    for (const HANDLE heap : heaps) {
+        HeapLock(heap);
+        PROCESS_HEAP_ENTRY entry{};
+        while (HeapWalk(heap, &entry))
+            if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) sum += entry.cbData;
+        HeapUnlock(heap);
+    }
+    return sum;
+}
+
+int Timers() {
+    std::set<std::pair<HWND, WPARAM>> ticking;
+    const ULONGLONG end = GetTickCount64() + 200;
+    MSG tick;
+    while (GetTickCount64() < end) {
+        MsgWaitForMultipleObjects(0, nullptr, FALSE, 10, QS_TIMER);
+        while (PeekMessageW(&tick, nullptr, WM_TIMER, WM_TIMER, PM_REMOVE))
+            ticking.emplace(tick.hwnd, tick.wParam);
+    }
+    return static_cast<int>(ticking.size());
+}
+
+std::ostream& operator<<(std::ostream& out, const Held& held) {
+    return out << held.Objects << " drawing objects, " << held.Windows << " windows, " << held.Bytes
+               << " bytes";
+}
+
+Held LeftBy(int lives, const std::function<void()>& live) {
+    constexpr int kFirst = 20;
+    for (int i = 0; i < kFirst; ++i) live();
+    const Held before{GdiObjects(), Windows(), HeapBytes()};
+    for (int i = 0; i < lives; ++i) live();
+    return {GdiObjects() - before.Objects, Windows() - before.Windows, HeapBytes() - before.Bytes};
 }
 
 } // namespace gui

@@ -1,5 +1,8 @@
-// How many drawing objects and windows this process holds, to see whether something leaks.
+// What this process holds, to see whether something leaks.
 #pragma once
+
+#include <functional>
+#include <ostream>
 
 namespace gui {
 
@@ -8,5 +11,19 @@ namespace gui {
 int GdiObjects();
 // All windows of the process, hidden and inner ones and those without a parent included.
 int Windows();
+// What is taken from all heaps of the process.
+long long HeapBytes();
+// Timers of the calling thread that tick at least every 50 milliseconds; their ticks go nowhere.
+int Timers();
+
+struct Held {
+    int Objects = 0, Windows = 0;
+    long long Bytes = 0;
+};
+std::ostream& operator<<(std::ostream& out, const Held& held);
+
+// What that many lives leave behind, in full: how much more there is of each. Some lives come
+// first, for what is made once and kept.
+Held LeftBy(int lives, const std::function<void()>& live);
 
 } // namespace gui

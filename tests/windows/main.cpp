@@ -5,17 +5,32 @@
 #include <commctrl.h>
 #include <gtest/gtest.h>
 
+#include <atomic>
 #include <cstdio>
 
 namespace {
 
 // A modal box that no test expects waits for ever; this ends the process before its limit.
-DWORD CALLBACK EndHangingRun(void*) {
-    Sleep(170'000);
-    std::fputs("still running after 170 seconds\n", stderr);
-    TerminateProcess(GetCurrentProcess(), 99);
-    return 0;
-}
+class HangGuard : public testing::EmptyTestEventListener {
+    static constexpr ULONGLONG kLimitMs = 300'000; // of one test
+
+    static DWORD CALLBACK Watch(void* self) {
+        const auto& started = static_cast<HangGuard*>(self)->m_Started;
+        for (;;) {
+            Sleep(1'000);
+            if (GetTickCount64() - started < kLimitMs) continue;
+            std::fputs("still running after 300 seconds\n", stderr);
+            TerminateProcess(GetCurrentProcess(), 99);
+        }
+    }
+
+    void OnTestProgramStart(const testing::UnitTest&) override {
+        CloseHandle(CreateThread(nullptr, 0, Watch, this, 0, nullptr));
+    }
+    void OnTestStart(const testing::TestInfo&) override { m_Started = GetTickCount64(); }
+
+    std::atomic<ULONGLONG> m_Started = GetTickCount64();
+};
 
 } // namespace
 
@@ -23,6 +38,6 @@ int main(int argc, char** argv) {
     testing::InitGoogleTest(&argc, argv);
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_WIN95_CLASSES};
     InitCommonControlsEx(&classes);
-    CloseHandle(CreateThread(nullptr, 0, EndHangingRun, nullptr, 0, nullptr));
+    testing::UnitTest::GetInstance()->listeners().Append(new HangGuard);
     return RUN_ALL_TESTS();
 }
