@@ -164,7 +164,7 @@ void LiveAsForm() {
 class SoakForms : public gui::OnStandingForm {};
 TEST_F(SoakForms, NothingStays) {
     constexpr int kLives = 40, kSounds = 2, kAsked = 9;
-    gui::ExpectNothing(gui::LeftBy(kLives, LiveAsForm), kLives, m_Form, kSounds, kAsked);
+    gui::ExpectNothing(gui::LeftBy(kLives, LiveAsForm), m_Form, kSounds, kAsked);
 }
 
 // The counts are worth something: of a thousand lives fifty leave something behind.
