@@ -5,11 +5,15 @@
 #include <exception>
 #include <future>
 #include <stdexcept>
+#include <vector>
 
 namespace gui {
 namespace {
 
 constexpr UINT kRunJob = WM_APP + 1;
+
+// The threads whose windows the mouse may come to.
+std::vector<UiThread*> g_Threads;
 
 LRESULT CALLBACK JobProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
     if (message != kRunJob) return DefWindowProcW(window, message, wParam, lParam);
@@ -62,9 +66,11 @@ UiThread::UiThread() {
         }
     });
     m_Jobs = window.get();
+    g_Threads.push_back(this);
 }
 
 UiThread::~UiThread() {
+    std::erase(g_Threads, this);
     Post([] { PostQuitMessage(0); });
     m_Thread.join();
 }
@@ -87,6 +93,16 @@ void UiThread::Run(const std::function<void()>& job) {
     if (end.wait_for(std::chrono::seconds(60)) != std::future_status::ready)
         throw std::runtime_error("the window thread does not answer");
     end.get();
+}
+
+// Input stays in the queue until a loop has asked for it, behind everything posted; a job
+// runs between two messages, so what is not in the queue by then has been handled.
+void UiThread::Settle() {
+    WaitUntil([this] {
+        bool taken = false;
+        Run([&taken] { taken = HIWORD(GetQueueStatus(QS_INPUT)) == 0; });
+        return taken;
+    });
 }
 
 HWND MakeWindow(HWND parent, RECT place, WNDPROC procedure, const wchar_t* caption) {
@@ -118,7 +134,11 @@ POINT CentreOf(HWND window) {
     return {(place.left + place.right) / 2, (place.top + place.bottom) / 2};
 }
 
+// Wine merges a move into one before it that is still queued, even into one that a loop is
+// just taking: then the new place is lost, and no window hears of it. So what came before
+// has to be handled first.
 void MoveTo(POINT screen) {
+    for (UiThread* thread : g_Threads) thread->Settle();
     // Half a pixel more, since the system cuts when it scales the value back.
     const long long width = GetSystemMetrics(SM_CXVIRTUALSCREEN);
     const long long height = GetSystemMetrics(SM_CYVIRTUALSCREEN);

@@ -26,10 +26,9 @@ public:
     void Run(const std::function<void()>& job);
     // Runs job on the thread and does not wait.
     void Post(std::function<void()> job);
-    // Waits until everything that was in the thread's queue has been handled.
-    void Settle() {
-        Run([] {});
-    }
+    // Waits until all that was posted to the thread and all mouse and key input that came
+    // before has been handled.
+    void Settle();
 
 private:
     std::thread m_Thread;

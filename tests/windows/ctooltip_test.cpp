@@ -56,12 +56,7 @@ protected:
     bool StaysHidden() {
         return !gui::WaitUntil([this] { return Shown(*m_Tip); }, 20 * kSoon);
     }
-    // A tip comes after a move inside its control, not after one jump to it.
-    void Hover(HWND window) {
-        const POINT centre = gui::CentreOf(window);
-        gui::MoveTo({centre.x - 3, centre.y});
-        gui::MoveTo(centre);
-    }
+    void Hover(HWND window) { gui::MoveTo(gui::CentreOf(window)); }
     std::wstring TextOfTool(HWND window) {
         wchar_t text[400] = L"";
         On([&] {
