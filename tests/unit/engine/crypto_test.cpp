@@ -1,33 +1,17 @@
 // clsCryptoAPI by password, on the system's side of the seam and on ours. On Windows the
 // two are different programs that must answer alike.
 
+#include "CryptoTesting.h"
 #include "base/Rc4.h"
 #include "base/Sha1.h"
 #include "base/Text.h"
-#include "engine/clsCryptoAPI.h"
-#include "support/Failure.h"
 #include "support/TempFolder.h"
-
-#include <gtest/gtest.h>
 
 namespace {
 
-using Ops = CryptoOperations;
+class Crypto : public CryptoTest {};
 
-struct Side {
-    const char* name;
-    CryptoOperations (*make)();
-};
-
-class Crypto : public testing::TestWithParam<Side> {
-protected:
-    CryptoOperations Table() { return GetParam().make(); }
-};
-
-INSTANTIATE_TEST_SUITE_P(Sides, Crypto,
-                         testing::Values(Side{"system", SystemCryptoOperations},
-                                         Side{"own", OwnCryptoOperations}),
-                         [](const auto& side) { return side.param.name; });
+INSTANTIATE_TEST_SUITE_P(Sides, Crypto, CryptoSides(), NameOfSide);
 
 // The cipher as told, written down once more: 5 bytes of the hash, then 11 salt bytes.
 std::string Expected(std::string_view password, std::string salt, std::string bytes) {
@@ -239,181 +223,6 @@ TEST_P(Crypto, OneWritesAndTheOtherReads) {
         reader.DecryptFile(folder / u"coded", folder / u"out", u"pass");
         EXPECT_EQ(folder.Get(u"out"), "the same text");
     }
-}
-
-// ---- one entry of the table at a time made to fail ----
-
-constexpr int kError = 1234;
-
-struct Case {
-    void (*breakIt)(CryptoOperations&);
-    const char16_t* text;
-};
-
-const Case kEncryptCases[] = {
-    {[](Ops& o) { o.CryptGenRandom = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not generate a random SALT"},
-    {[](Ops& o) { o.CryptSetKeyParam = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not set the SALT."},
-    {[](Ops& o) { o.CryptEncrypt = [](auto...) { return false; }; },
-     u"DLL error code shown above. Error during CryptEncrypt."},
-    {[](Ops& o) { o.CryptCreateHash = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not create a Hash Object (CryptCreateHash API)"},
-    {[](Ops& o) { o.CryptHashData = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not calculate a Hash Value (CryptHashData API)"},
-    {[](Ops& o) { o.CryptGetHashParam = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not lngReturnValuerieve the hash value"},
-    {[](Ops& o) { o.CryptDeriveKey = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not create a session key (CryptDeriveKey API)"},
-};
-
-const Case kDecryptCases[] = {
-    {[](Ops& o) { o.CryptSetKeyParam = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not set the SALT."},
-    {[](Ops& o) { o.CryptDecrypt = [](auto...) { return false; }; },
-     u"DLL error code shown above. Error during CryptDecrypt."},
-    {[](Ops& o) { o.CryptCreateHash = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not create a Hash Object (CryptCreateHash API)"},
-    {[](Ops& o) { o.CryptHashData = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not calculate a Hash Value (CryptHashData API)"},
-    {[](Ops& o) {
-         o.CryptGetHashParam = [ask = o.CryptGetHashParam](auto hash, auto what, auto* to, auto& length,
-                                                           auto flags) {
-             return to == nullptr && ask(hash, what, to, length, flags);
-         };
-     },
-     u"DLL error code shown above. Could not lngReturnValuerieve the hash value"},
-    {[](Ops& o) { o.CryptDeriveKey = [](auto...) { return false; }; },
-     u"DLL error code shown above. Could not create a session key (CryptDeriveKey API)"},
-};
-
-template <class Call>
-void Check(Crypto*, const Case& broken, CryptoOperations table, Call call) {
-    broken.breakIt(table);
-    table.LastError = [] { return Ops::Dword{kError}; };
-    clsCryptoAPI crypto(std::move(table));
-    crypto.SessionStart();
-    const RuntimeFailure failure = FailureOf([&] { call(crypto); });
-    EXPECT_EQ(failure.Number(), kError);
-    EXPECT_EQ(failure.Source(), u"clsCryptoAPI");
-    EXPECT_EQ(failure.Description(), broken.text);
-}
-
-TEST_P(Crypto, FailuresOfEncryption) {
-    for (const Case& broken : kEncryptCases)
-        Check(this, broken, Table(), [](clsCryptoAPI& crypto) { crypto.EncryptString(u"text", u"p"); });
-}
-
-TEST_P(Crypto, FailuresOfDecryption) {
-    for (const Case& broken : kDecryptCases)
-        Check(this, broken, Table(), [](clsCryptoAPI& crypto) { crypto.DecryptString(u"text", u"p"); });
-}
-
-TEST_P(Crypto, WhatAskingForTheSaltsLengthReturnsDoesNotCount) {
-    CryptoOperations table = Table();
-    table.CryptGetKeyParam = [ask = table.CryptGetKeyParam](auto key, auto what, auto* to, auto& length,
-                                                            auto flags) {
-        ask(key, what, to, length, flags);
-        return false;
-    };
-    clsCryptoAPI crypto(std::move(table));
-    crypto.SessionStart();
-    const std::u16string coded = crypto.EncryptString(u"text", u"p");
-    EXPECT_EQ(crypto.ValueSALT().size(), 12u);
-    EXPECT_EQ(crypto.DecryptString(coded, u"p"), u"text");
-}
-
-TEST_P(Crypto, FailuresAfterWhichTheObjectGoesOn) {
-    CryptoOperations table = Table();
-    bool broken = true;
-    table.CryptDecrypt = [&, decrypt = table.CryptDecrypt](auto key, auto hash, auto final, auto flags,
-                                                           auto* bytes, auto& length) {
-        return !broken && decrypt(key, hash, final, flags, bytes, length);
-    };
-    clsCryptoAPI crypto(std::move(table));
-    crypto.SessionStart();
-    const std::u16string made = crypto.EncryptString(u"text", u"p");
-    FailureOf([&] { crypto.DecryptString(made, u"p"); });
-    broken = false;
-    EXPECT_EQ(crypto.DecryptString(made, u"p"), u"text");
-}
-
-TEST_P(Crypto, FailureOfTheProvider) {
-    CryptoOperations table = Table();
-    table.CryptAcquireContextA = [](auto&&...) { return false; };
-    table.LastError = [] { return Ops::Dword{0x8009000F}; };
-    clsCryptoAPI crypto(std::move(table));
-    const RuntimeFailure failure = FailureOf([&] { crypto.SessionStart(); });
-    EXPECT_EQ(static_cast<unsigned>(failure.Number()), 0x8009000Fu);
-    EXPECT_EQ(failure.Description(),
-              u"DLL error code shown above.  Error during CryptAcquireContext for a new key container.\r\n"
-              u"A container with this name probably already exists.");
-}
-
-TEST_P(Crypto, AContainerThatStandsThereIsOpened) {
-    CryptoOperations table = Table();
-    std::vector<Ops::Dword> flagsSeen;
-    table.CryptAcquireContextA =
-        [&, acquire = table.CryptAcquireContextA](Ops::Handle& provider, const char* container,
-                                                  const char* name, Ops::Dword type, Ops::Dword flags) {
-            flagsSeen.push_back(flags);
-            EXPECT_STREQ(container, "CryptoAPIExample");
-            EXPECT_STREQ(name, "Microsoft Base Cryptographic Provider v1.0");
-            EXPECT_EQ(type, 1u);
-            if (flags == 8) return false;
-            acquire(provider, container, name, type, 8);
-            return acquire(provider, container, name, type, 0);
-        };
-    clsCryptoAPI crypto(std::move(table));
-    crypto.SessionStart();
-    EXPECT_EQ(flagsSeen, (std::vector<Ops::Dword>{8, 0}));
-}
-
-TEST_P(Crypto, SessionEndReleasesInOrder) {
-    CryptoOperations table = Table();
-    std::string log;
-    table.CryptDestroyKey = [&, destroy = table.CryptDestroyKey](Ops::Handle key) {
-        log += "key ";
-        return destroy(key);
-    };
-    table.CryptReleaseContext = [&, release = table.CryptReleaseContext](Ops::Handle provider,
-                                                                         Ops::Dword flags) {
-        log += "provider ";
-        return release(provider, flags);
-    };
-    table.CryptSetKeyParam = [](auto...) { return false; }; // leaves a session key behind
-    clsCryptoAPI crypto(std::move(table));
-    crypto.SessionStart();
-    FailureOf([&] { crypto.DecryptString(u"x", u"p"); });
-    crypto.SessionEnd();
-    EXPECT_EQ(log, "key provider ");
-}
-
-TEST_P(Crypto, NothingIsLeftOpen) {
-    CryptoOperations table = Table();
-    int open = 0;
-    table.CryptCreateHash = [&, create = table.CryptCreateHash](auto provider, auto algorithm, auto key,
-                                                                auto flags, auto& hash) {
-        ++open;
-        return create(provider, algorithm, key, flags, hash);
-    };
-    table.CryptDestroyHash = [&, destroy = table.CryptDestroyHash](auto hash) {
-        --open;
-        return destroy(hash);
-    };
-    table.CryptDeriveKey = [&, derive = table.CryptDeriveKey](auto provider, auto algorithm, auto hash,
-                                                              auto flags, auto& key) {
-        ++open;
-        return derive(provider, algorithm, hash, flags, key);
-    };
-    table.CryptDestroyKey = [&, destroy = table.CryptDestroyKey](auto key) {
-        --open;
-        return destroy(key);
-    };
-    clsCryptoAPI crypto(std::move(table));
-    crypto.SessionStart();
-    crypto.DecryptString(crypto.EncryptString(u"x", u"p"), u"p");
-    EXPECT_EQ(open, 0);
 }
 
 } // namespace

@@ -1,0 +1,171 @@
+// A list's states, brought about by real input, beside the drawing of each; what a paint costs.
+#include "controls/Dpi.h"
+#include "controls/Painting.h"
+#include "windows/ListForm.h"
+
+namespace {
+
+using Lists = gui::Lists;
+
+// The look that the control of that name should have now.
+McListBoxState TasksLook(McListBox& list, HFONT bold, const McImageList& images) {
+    McListBoxState look;
+    look.Row = [&list](int row) -> const ListItem& { return list.Items().Item(row); };
+    look.Count = list.ListCount();
+    look.ImageList = &images;
+    look.Font = list.Base.FontInUse();
+    look.BoldFont = bold;
+    look.Dpi = list.Base.Dpi();
+    look.Appearance = 0;
+    look.ShowIcon = look.ShowHover = look.FullRowSelect = look.FocusRectangle = true;
+    look.IconFocus = false;
+    look.ForeColor = palette::Ink;
+    look.BackGradient = 6;
+    look.BackGradientCol = palette::ListGrad;
+    look.SelGradient = 1;
+    look.SelColor = palette::Sel;
+    look.SelGradientCol = palette::SelGrad;
+    return look;
+}
+
+class ListLook : public Lists {
+protected:
+    void SetUp() override {
+        Lists::SetUp();
+        if (HasFatalFailure()) return;
+        m_Ui.Run([&] {
+            for (const char16_t* task :
+                 {u"Clipboard", u"Text Files", u"Word Files", u"Excel Files", u"Database"})
+                Tasks().AddItem(task, -1, Tasks().ListCount() % 2, Tasks().ListCount() == 4);
+            Tasks().Refresh();
+        });
+    }
+    McListBox& Tasks() { return m_Shown->Tasks; }
+    // Compares the whole window with the drawing of that state.
+    void ExpectLook(const std::function<void(McListBoxState&)>& set) {
+        m_Ui.Run([&] {
+            ::Font boldFont = Tasks().Base.Font();
+            boldFont.Bold = true;
+            const FontHandle bold(boldFont, Tasks().Base.Dpi());
+            McListBoxState look = TasksLook(Tasks(), bold.Get(), m_Shown->Images);
+            set(look);
+            const gui::Pixels shown = gui::WindowOf(Tasks().Base.hWnd());
+            EXPECT_EQ(shown, gui::Drawn(shown.Width, shown.Height, [&](HDC dc) {
+                          DrawMcListBox(dc, {0, 0, shown.Width, shown.Height}, look);
+                      }));
+        });
+    }
+};
+
+TEST_F(ListLook, EachStateByRealInputIsTheDrawing) {
+    ExpectLook([](McListBoxState&) {});
+    gui::MoveTo(RowPoint(Tasks(), 2));
+    ASSERT_TRUE(Becomes([&] { return Tasks().HoveredRow() == 2; }));
+    ExpectLook([](McListBoxState& look) { look.HoveredRow = 2; });
+    gui::Click(RowPoint(Tasks(), 1));
+    ASSERT_TRUE(Becomes([&] { return Tasks().ListIndex() == 1; }));
+    gui::MoveTo(RowPoint(Tasks(), 3));
+    ASSERT_TRUE(Becomes([&] { return Tasks().HoveredRow() == 3; }));
+    ExpectLook([](McListBoxState& look) {
+        look.ListIndex = 1;
+        look.HoveredRow = 3;
+        look.Focused = true;
+    });
+    gui::Type(VK_TAB);
+    ASSERT_TRUE(FocusComesTo(m_Shown->Plain.Base));
+    ExpectLook([](McListBoxState& look) {
+        look.ListIndex = 1;
+        look.HoveredRow = 3;
+    });
+    m_Ui.Run([&] { Tasks().Base.Enabled(false); });
+    ExpectLook([](McListBoxState& look) {
+        look.ListIndex = 1;
+        look.Enabled = false;
+    });
+}
+
+TEST_F(ListLook, AtEachDpi) {
+    for (const int dpi : {96, 120, 144, 192}) {
+        SetDpi(dpi);
+        m_Ui.Run([&] { Tasks().ListIndex(1); });
+        ExpectLook([](McListBoxState& look) { look.ListIndex = 1; });
+        EXPECT_EQ(On([&] { return Tasks().RowPlace(4).bottom; }), Scaled(5 * 22, dpi)) << dpi;
+        EXPECT_EQ(On([&] { return Tasks().VisibleRows(); }), 5) << dpi;
+    }
+}
+
+TEST_F(ListLook, AllRowsOfTheDesignAreSeenWhole) {
+    EXPECT_EQ(On([&] { return Tasks().VisibleRows(); }), 5);
+    EXPECT_EQ(On([&] { return Files().VisibleRows(); }), 7);
+}
+
+TEST_F(ListLook, HighContrastUsesTheSystemsColours) {
+    m_Ui.Run([&] {
+        Tasks().ListIndex(1);
+        Tasks().Base.SetFocus();
+    });
+    gui::MoveTo(RowPoint(Tasks(), 2));
+    ASSERT_TRUE(Becomes([&] { return Tasks().HoveredRow() == 2; }));
+    SetHighContrast(true);
+    m_Ui.Run([&] {
+        const gui::Pixels shown = gui::WindowOf(Tasks().Base.hWnd());
+        EXPECT_EQ(shown.At(0, 0), GetSysColor(COLOR_WINDOWTEXT));
+        EXPECT_EQ(shown.At(174, 1), GetSysColor(COLOR_WINDOW));
+        EXPECT_EQ(shown.At(174, 110), GetSysColor(COLOR_WINDOW));
+        EXPECT_EQ(shown.At(25, 23), GetSysColor(COLOR_HIGHLIGHT));
+        EXPECT_EQ(shown.At(174, 44), GetSysColor(COLOR_HIGHLIGHT));
+        EXPECT_EQ(shown.At(26, 24), GetSysColor(COLOR_HIGHLIGHTTEXT)); // the focus
+        EXPECT_EQ(shown.At(25, 45), GetSysColor(COLOR_WINDOW));        // no hover
+        EXPECT_EQ(shown.At(4, 26), RGB(255, 255, 255));                // the picture's plate
+    });
+    SetHighContrast(false);
+    m_Ui.Run([&] { EXPECT_EQ(gui::WindowOf(Tasks().Base.hWnd()).At(25, 23), palette::SelGrad); });
+}
+
+TEST_F(ListLook, HoveringPaintsOnceAndWithoutErasing) {
+    PaintAll();
+    for (int row = 0; row < 5; ++row) {
+        const PaintTally before = On([] { return PaintsSoFar(); });
+        gui::MoveTo(RowPoint(Tasks(), row));
+        ASSERT_TRUE(Becomes([&] { return PaintsSoFar().Paints > before.Paints; }));
+        const PaintTally after = On([] { return PaintsSoFar(); });
+        EXPECT_EQ(after.Paints - before.Paints, 1);
+        EXPECT_EQ(after.Blits - before.Blits, 1);
+    }
+    // A move inside the row changes nothing.
+    const long before = On([] { return PaintsSoFar().Paints; });
+    const POINT at = RowPoint(Tasks(), 4);
+    gui::MoveTo({at.x + 20, at.y + 1});
+    m_Ui.Settle();
+    EXPECT_EQ(On([] { return PaintsSoFar().Paints; }), before);
+    m_Ui.Run([&] {
+        const HWND window = Tasks().Base.hWnd();
+        const HDC dc = GetDC(window);
+        EXPECT_EQ(SendMessageW(window, WM_ERASEBKGND, reinterpret_cast<WPARAM>(dc), 0), 1);
+        ReleaseDC(window, dc);
+    });
+}
+
+TEST_F(ListLook, AFontOfItsOwnMakesHigherRows) {
+    m_Ui.Run([&] {
+        ::Font font = UiFont();
+        font.Size = 24;
+        Tasks().Base.Font(font);
+        EXPECT_EQ(HeightOf(Tasks().RowPlace(0)), TextSize(Tasks().Base.FontInUse(), u"A").cy);
+        EXPECT_EQ(Tasks().RowHeight(), HeightOf(Tasks().RowPlace(0)));
+        EXPECT_GT(Tasks().RowHeight(), 22);
+    });
+}
+
+TEST_F(ListLook, ASunkenEdgeTakesTwoPixels) {
+    m_Ui.Run([&] {
+        RECT client;
+        GetClientRect(m_Shown->Plain.Base.hWnd(), &client);
+        EXPECT_EQ(client.bottom, 112 - 4);
+        m_Shown->Plain.Appearance(0);
+        GetClientRect(m_Shown->Plain.Base.hWnd(), &client);
+        EXPECT_EQ(client.bottom, 112 - 2);
+    });
+}
+
+} // namespace
