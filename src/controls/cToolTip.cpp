@@ -1,6 +1,7 @@
 // One tip window with two tools. The control itself is the first. A disabled control gets
 // no mouse messages, they go to its parent: so there the second tool lies, in the place of
-// the control, whenever the mouse is over it.
+// the control, whenever the mouse is over it. The tip is told of the mouse from here: where
+// it listens by itself, the end of one tip can make another one of the same window deaf.
 //
 // The tip window has no owner: a window that owns another one would take it along when it
 // becomes top-most, or not become so itself.
@@ -19,7 +20,7 @@
 
 namespace {
 
-constexpr UINT kParentMessages[] = {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN};
+constexpr UINT kMouseMessages[] = {WM_MOUSEMOVE, WM_LBUTTONDOWN, WM_RBUTTONDOWN, WM_MBUTTONDOWN};
 constexpr UINT kTipMessages[] = {WM_SYSCOLORCHANGE, WM_SETTINGCHANGE};
 constexpr int kWidestLine = 400;          // pixels of 96 DPI
 constexpr std::size_t kLongestTitle = 99; // more the system does not take
@@ -54,7 +55,8 @@ cToolTip::~cToolTip() {
 
 void cToolTip::Remove() {
     if (!m_Tip) return;
-    for (UINT message : kParentMessages) MSubclass::DetachMessage(*this, m_Parent, message);
+    for (HWND window : {m_Control, m_Parent})
+        for (UINT message : kMouseMessages) MSubclass::DetachMessage(*this, window, message);
     for (UINT message : kTipMessages) MSubclass::DetachMessage(*this, m_Tip, message);
     DestroyWindow(m_Tip);
     m_Tip = m_Control = m_Parent = nullptr;
@@ -94,14 +96,15 @@ bool cToolTip::Create(HWND control, std::u16string_view text, int style, bool ce
     ShowColours();
     ShowTimes();
     for (UINT message : kTipMessages) MSubclass::AttachMessage(*this, m_Tip, message);
-    if (m_Parent)
-        for (UINT message : kParentMessages) MSubclass::AttachMessage(*this, m_Parent, message);
+    for (HWND window : {m_Control, m_Parent})
+        for (UINT message : kMouseMessages)
+            if (window) MSubclass::AttachMessage(*this, window, message);
     return true;
 }
 
 void cToolTip::AddTool(HWND window, RECT place) {
     TTTOOLINFOW tool = Tool(window);
-    tool.uFlags = (window == m_Control ? TTF_SUBCLASS : 0) | (m_Centered ? TTF_CENTERTIP : 0);
+    tool.uFlags = m_Centered ? TTF_CENTERTIP : 0;
     tool.rect = place;
     std::u16string lines = WithLineBreaks(m_Text);
     tool.lpszText = Wide(lines.data());
@@ -205,28 +208,28 @@ int cToolTip::MsgResponse() {
 }
 
 LRESULT cToolTip::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) {
-    if (hWnd == m_Tip)
+    if (hWnd == m_Tip) {
         ShowColours();
-    else
-        FollowParent(iMsg, wParam, lParam);
+        return 0;
+    }
+    const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+    if (hWnd == m_Parent) FollowControl(at);
+    MSG relayed{hWnd, iMsg, wParam, lParam, static_cast<DWORD>(GetMessageTime()), at};
+    ClientToScreen(hWnd, &relayed.pt);
+    SendMessageW(m_Tip, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
     return 0;
 }
 
 // A control that lies hidden or behind another one is not under the mouse.
-void cToolTip::FollowParent(UINT message, WPARAM wParam, LPARAM lParam) {
-    const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
+void cToolTip::FollowControl(POINT inParent) {
     RECT place{};
-    if (ChildWindowFromPointEx(m_Parent, at, CWP_SKIPINVISIBLE) == m_Control) {
+    if (ChildWindowFromPointEx(m_Parent, inParent, CWP_SKIPINVISIBLE) == m_Control) {
         GetWindowRect(m_Control, &place);
         MapWindowPoints(nullptr, m_Parent, reinterpret_cast<POINT*>(&place), 2);
     }
-    if (!EqualRect(&place, &m_PlaceInParent)) {
-        m_PlaceInParent = place;
-        TTTOOLINFOW tool = Tool(m_Parent);
-        tool.rect = place;
-        SendTool(m_Tip, TTM_NEWTOOLRECTW, tool);
-    }
-    MSG relayed{m_Parent, message, wParam, lParam, static_cast<DWORD>(GetMessageTime()), at};
-    ClientToScreen(m_Parent, &relayed.pt);
-    SendMessageW(m_Tip, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
+    if (EqualRect(&place, &m_PlaceInParent)) return;
+    m_PlaceInParent = place;
+    TTTOOLINFOW tool = Tool(m_Parent);
+    tool.rect = place;
+    SendTool(m_Tip, TTM_NEWTOOLRECTW, tool);
 }

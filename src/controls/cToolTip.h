@@ -61,7 +61,7 @@ private:
     void ShowTitle();
     void ShowColours();
     void ShowTimes();
-    void FollowParent(UINT message, WPARAM wParam, LPARAM lParam);
+    void FollowControl(POINT inParent);
 
     HWND m_Tip = nullptr, m_Control = nullptr, m_Parent = nullptr;
     RECT m_PlaceInParent{}; // where the parent's tool is; empty while the mouse is elsewhere

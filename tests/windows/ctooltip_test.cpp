@@ -136,6 +136,17 @@ TEST_F(ToolTip, ASecondCreateTakesThePlaceOfTheFirst) {
     EXPECT_TRUE(WaitShown());
 }
 
+TEST_F(ToolTip, ATipOutlivesAnotherOneOfItsControl) {
+    On([this] {
+        ASSERT_TRUE(
+            m_Second->Create(m_Left, u"Earlier", kBalloon, false, 0, u"", kNoColour, kNoColour, -1, kSoon));
+    });
+    Create();
+    On([this] { m_Second = std::make_unique<cToolTip>(); });
+    Hover(m_Left);
+    EXPECT_TRUE(WaitShown());
+}
+
 TEST_F(ToolTip, TheControlMayEndBeforeItsTip) {
     Create();
     Hover(m_Left);
