@@ -41,12 +41,12 @@ int Number(HWND window, const Key& key) {
     return static_cast<int>(reinterpret_cast<LONG_PTR>(GetPropW(window, key)));
 }
 
-// A number of 0 is kept by no property at all.
-void SetNumber(HWND window, const Key& key, int value) {
-    if (value == 0)
-        RemovePropW(window, key);
-    else
-        SetPropW(window, key, reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(value)));
+// A number of 0 is kept by no property at all. False where there is no room for the name:
+// the system has one table for the names of all programs.
+bool SetNumber(HWND window, const Key& key, int value) {
+    if (value != 0) return SetPropW(window, key, reinterpret_cast<HANDLE>(static_cast<LONG_PTR>(value)));
+    RemovePropW(window, key);
+    return true;
 }
 
 WNDPROC PreviousProcedure(HWND window) {
@@ -63,6 +63,18 @@ int FindClient(HWND window, UINT message, const ISubclass* client) {
     for (int n = 1; n <= count; ++n)
         if (Client(window, message, n) == client) return n;
     return 0;
+}
+
+// Enters the client behind the others of the message; on false nothing is entered.
+bool AddClient(HWND window, UINT message, ISubclass& client) {
+    const int clients = Number(window, Key::Clients(window, message));
+    if (SetPropW(window, Key::Client(window, message, clients + 1), &client) &&
+        SetNumber(window, Key::Clients(window, message), clients + 1) &&
+        SetNumber(window, Key::Attachments(window), Number(window, Key::Attachments(window)) + 1))
+        return true;
+    SetNumber(window, Key::Clients(window, message), clients);
+    RemovePropW(window, Key::Client(window, message, clients + 1));
+    return false;
 }
 
 [[noreturn]] void Fail(int number, std::u16string_view description) {
@@ -189,10 +201,9 @@ void AttachMessage(ISubclass& client, HWND hWnd, UINT iMsg) {
             Fail(kCannotSubclass, u"Can't subclass window");
         }
     }
-    SetNumber(hWnd, Key::Attachments(hWnd), Number(hWnd, Key::Attachments(hWnd)) + 1);
-    const int n = Number(hWnd, Key::Clients(hWnd, iMsg)) + 1;
-    SetPropW(hWnd, Key::Client(hWnd, iMsg, n), &client);
-    SetNumber(hWnd, Key::Clients(hWnd, iMsg), n);
+    if (AddClient(hWnd, iMsg, client)) return;
+    if (Number(hWnd, Key::Attachments(hWnd)) == 0) ReleaseWindow(hWnd);
+    Fail(kCannotSubclass, u"Can't subclass window");
 }
 
 void DetachMessage(ISubclass& client, HWND hWnd, UINT iMsg) {

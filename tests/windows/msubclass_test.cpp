@@ -66,6 +66,42 @@ TEST_F(Subclass, AWindowThatGivesNoProcedureIsRefused) {
     if (window) DestroyWindow(window);
 }
 
+// Names of properties go into a table that all programs of the session share.
+class FullTableOfNames {
+public:
+    ~FullTableOfNames() {
+        for (const ATOM name : m_Names) GlobalDeleteAtom(name);
+    }
+    void Fill() {
+        while (const ATOM name = GlobalAddAtomW((L"Zorvak test " + std::to_wstring(m_Names.size())).c_str()))
+            m_Names.push_back(name);
+    }
+    void FreeOne() {
+        GlobalDeleteAtom(m_Names.back());
+        m_Names.pop_back();
+    }
+
+private:
+    std::vector<ATOM> m_Names;
+};
+
+TEST_F(Subclass, WithoutRoomForItsNamesNothingIsChanged) {
+    Client client("client", ISubclass::kClientAlone);
+    FullTableOfNames full;
+    full.Fill();
+    // The attachment takes four names, and fails at each of them.
+    for (int room = 0; room < 4; ++room) {
+        ExpectFailure([&] { Attach(client); }, 13081, u"Can't subclass window");
+        EXPECT_TRUE(IsOriginal()) << room;
+        EXPECT_EQ(0, Properties(m_Window)) << room;
+        EXPECT_EQ(kPreviousAnswer, Send()) << room;
+        full.FreeOne();
+    }
+    Attach(client);
+    EXPECT_EQ(0, Send());
+    Detach(client);
+}
+
 TEST_F(Subclass, TheSameClientTwiceIsRefusedAndLeavesNothingBehind) {
     Client client("client", ISubclass::kClientFirst);
     Attach(client);
