@@ -89,6 +89,7 @@ int FontCombo::ListIndex() const {
 void FontCombo::ListIndex(int index) {
     if (index < -1 || index >= ListCount()) return;
     const bool changes = List(index) != Text();
+    m_TextBefore.reset();
     SendMessageW(Base.hWnd(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
     if (changes) Base.Notify(EVENT_OBJECT_VALUECHANGE);
 }
@@ -109,6 +110,7 @@ std::u16string FontCombo::Text() const {
 
 void FontCombo::Text(const std::u16string& text) {
     const bool changes = text != Text();
+    m_TextBefore.reset();
     Show(Find(text), text);
     if (changes) Base.Notify(EVENT_OBJECT_VALUECHANGE);
 }
@@ -142,7 +144,8 @@ bool FontCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
         return true;
     case kOpened:
         // The system has put the first entry that begins so in the place of the text.
-        if (Text() != m_TextBefore) Show(m_IndexBefore, m_TextBefore);
+        if (m_TextBefore && Text() != *m_TextBefore) Show(m_IndexBefore, *m_TextBefore);
+        m_TextBefore.reset();
         return true;
     case kChosen:
         Base.Notify(EVENT_OBJECT_VALUECHANGE);
@@ -161,6 +164,7 @@ bool FontCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
 bool FontCombo::OnCommand(UINT notification) {
     switch (notification) {
     case CBN_SELENDOK:
+        m_TextBefore.reset();
         // By arrow keys it comes from a closed list too. The text follows only behind it.
         if (ComboField::Dropped(Base)) PostMessageW(Base.hWnd(), kChosen, 0, 0);
         break;
@@ -170,7 +174,7 @@ bool FontCombo::OnCommand(UINT notification) {
         break;
     case CBN_DROPDOWN:
         m_TextBefore = Text();
-        m_IndexBefore = ListIndex() >= 0 ? ListIndex() : Find(m_TextBefore);
+        m_IndexBefore = ListIndex() >= 0 ? ListIndex() : Find(*m_TextBefore);
         PostMessageW(Base.hWnd(), kOpened, 0, 0);
         Base.Notify(EVENT_OBJECT_STATECHANGE);
         break;

@@ -7,6 +7,7 @@
 #include "controls/ISubclass.h"
 
 #include <functional>
+#include <optional>
 #include <vector>
 
 class FontCombo final : public ISubclass {
@@ -65,7 +66,7 @@ private:
     void FreeFonts();
 
     std::vector<Row> m_Entries;
-    std::u16string m_TextBefore; // when the list began to open
+    std::optional<std::u16string> m_TextBefore; // while the list opens
     int m_IndexBefore = -1;
     HWND m_Edit = nullptr;
     int m_DropDownWidth = 0; // twips; 0: the box's own

@@ -284,6 +284,8 @@ void TwoColumnList::OnChanged(Change what) {
     if (what == Change::Dpi) FitColumns();
     ListBorder::Changed(Base, what);
     InvalidateRect(m_Header, nullptr, FALSE);
+    if (what == Change::Focus && Base.HasFocus() && ListIndex() >= 0)
+        Base.Notify(EVENT_OBJECT_FOCUS, ListIndex() + 1);
 }
 
 void TwoColumnList::FitColumns() {

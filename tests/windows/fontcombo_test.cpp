@@ -278,6 +278,13 @@ TEST_F(FontCombos, OpeningTheListLeavesTheTextAsItIs) {
         EXPECT_TRUE(gui::WaitUntil([&] { return !Dropped(); }));
         EXPECT_EQ(On([&] { return m_Shown->Fonts.Text(); }), text);
     }
+    // What code sets meanwhile counts.
+    m_Ui.Run([&] {
+        ComboField::Toggle(m_Shown->Fonts.Base);
+        m_Shown->Fonts.Text(u"Nikosh");
+    });
+    m_Ui.Settle();
+    EXPECT_EQ(On([&] { return m_Shown->Fonts.Text(); }), u"Nikosh");
     EXPECT_EQ(On([&] { return m_Shown->Clicks; }), 0);
 }
 

@@ -295,6 +295,9 @@ TEST_F(Tables, ScreenReadersGetRowsWithBothColumns) {
     EXPECT_EQ(heard->Count(EVENT_OBJECT_SELECTION, List(), 3), 1);
     EXPECT_EQ(heard->Count(EVENT_OBJECT_FOCUS, List(), 3), 1);
     EXPECT_EQ(heard->Count(EVENT_OBJECT_VALUECHANGE, List(), 3), 1);
+    m_Ui.Run([&] { m_Shown->Other.Base.SetFocus(); });
+    m_Ui.Run([&] { m_Shown->Table.Base.SetFocus(); }); // comes back to its row
+    EXPECT_EQ(heard->Count(EVENT_OBJECT_FOCUS, List(), 3), 2);
     const gui::Spoken list = Said(m_Shown->Table.Base), row = Said(m_Shown->Table.Base, 3);
     EXPECT_EQ(list.Name, u"Fonts");
     EXPECT_EQ(list.Role, ROLE_SYSTEM_LIST);
