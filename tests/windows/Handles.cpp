@@ -101,7 +101,7 @@ Held LeftBy(int lives, const std::function<void()>& live) {
     const Held before{GdiObjects(), Windows(), HeapBytes()};
     const ULONGLONG minute = GetTickCount64() + 60'000;
     int lived = 0;
-    while (lived < lives && (lived < 1'000 || GetTickCount64() < minute)) {
+    while (lived < lives && (lived < 200 || GetTickCount64() < minute)) {
         live();
         ++lived;
     }
