@@ -2,7 +2,8 @@
 # are a library, which tests use too.
 file(GLOB gallery_sources CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/tests/gallery/*.cpp")
 list(FILTER gallery_sources EXCLUDE REGEX "/main\\.cpp$")
-add_library(gallery_sheets STATIC ${gallery_sources} "${CMAKE_SOURCE_DIR}/tests/windows/Pixels.cpp")
+add_library(gallery_sheets STATIC ${gallery_sources}
+  "${CMAKE_SOURCE_DIR}/tests/windows/Gui.cpp" "${CMAKE_SOURCE_DIR}/tests/windows/Pixels.cpp")
 target_include_directories(gallery_sheets PUBLIC "${CMAKE_SOURCE_DIR}/tests")
 target_link_libraries(gallery_sheets PUBLIC face)
 

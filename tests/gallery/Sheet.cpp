@@ -36,7 +36,22 @@ std::u16string Row(std::u16string_view name, std::u16string_view kind, int left,
 SheetWindow::SheetWindow(const Sheet& sheet) : m_Sheet(sheet), m_Live(sheet.Layout) {
     if (sheet.Draw)
         Window.PaintGround = [this](HDC dc, const RECT&) { m_Sheet.Draw(Paper(dc, Window.Dpi())); };
+    for (const std::u16string_view name : sheet.Tips) {
+        Control& control = *Window.Find(name);
+        if (!control.Tag().empty()) GiveBalloon(control);
+    }
     if (sheet.Prepare) sheet.Prepare(Window);
+}
+
+// As the program's side panel gives them to its controls.
+void SheetWindow::GiveBalloon(Control& control) {
+    constexpr int kAlwaysBalloon = 65, kInformation = 1;
+    constexpr OleColour kInfoBack = 0x80000018;
+    m_Balloons.push_back(std::make_unique<cToolTip>());
+    m_Balloons.back()->Create(control.hWnd(), control.ToolTipText(), kAlwaysBalloon,
+                              control.TypeName() == u"TextBox", kInformation, control.Tag(), kButtonText,
+                              kInfoBack, -1, -1);
+    control.ToolTipText(u"");
 }
 
 void UseContrastTheme(bool on) {

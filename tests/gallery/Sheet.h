@@ -3,6 +3,7 @@
 #pragma once
 
 #include "controls/Font.h"
+#include "controls/cToolTip.h"
 #include "gallery/LayoutForm.h"
 
 #include <memory>
@@ -35,6 +36,8 @@ struct Sheet {
     std::u16string Layout;                      // of the form, whose name is "sheet" or a form's own
     void (*Draw)(const Paper& paper) = nullptr; // the states; null: all of it is live
     void (*Prepare)(Form& form) = nullptr;      // fills the live controls
+    // Controls whose tips belong to the picture. Those with a Tag, the title, get balloons.
+    std::vector<std::u16string_view> Tips = {};
 };
 
 // The first lines of a sheet's layout.
@@ -54,6 +57,11 @@ class SheetWindow {
 public:
     explicit SheetWindow(const Sheet& sheet);
     Form& Window = m_Live.Window;
+
+private:
+    void GiveBalloon(Control& control);
+
+    std::vector<std::unique_ptr<cToolTip>> m_Balloons;
 };
 
 // The live control of that name; it must be there and of that class.

@@ -16,5 +16,6 @@ Sheet FontLists();
 Sheet Tables();
 Sheet Lists();
 Sheet CheckLists();
+Sheet Tips();
 std::vector<Sheet> Windows();
 } // namespace gallery

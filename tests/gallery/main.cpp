@@ -8,6 +8,7 @@
 #include "base/Text.h"
 #include "controls/ComboBox.h"
 #include "gallery/Sheets.h"
+#include "gallery/TipPictures.h"
 #include "windows/Pixels.h"
 
 #include <shellapi.h>
@@ -81,8 +82,9 @@ void WriteSheets(const std::u16string& folder, int dpi, bool contrast) {
         shown.Window.Show();
         DoEvents();
         const std::u16string variant = contrast ? u"contrast" : text::Decimal(dpi);
-        WriteBitmap(OnScreen(shown.Window),
-                    folder + u"\\" + std::u16string(sheet.Name) + u"-" + variant + u".bmp");
+        gui::Pixels picture = OnScreen(shown.Window);
+        gallery::AddTips(sheet, shown.Window, picture);
+        WriteBitmap(picture, folder + u"\\" + std::u16string(sheet.Name) + u"-" + variant + u".bmp");
     }
     gallery::UseContrastTheme(false);
 }
