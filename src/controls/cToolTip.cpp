@@ -87,11 +87,10 @@ bool cToolTip::Create(HWND control, std::u16string_view text, int style, bool ce
 
     // A width, however large, is what lets a tip have more than one line.
     SendMessageW(m_Tip, TTM_SETMAXTIPWIDTH, 0, Scaled(kWidestLine, DpiOf(control)));
-    RECT inside{};
-    GetClientRect(control, &inside);
-    AddTool(control, inside);
-    m_PlaceInParent = {};
-    if (m_Parent) AddTool(m_Parent, m_PlaceInParent);
+    m_InControl = m_InParent = {};
+    GetClientRect(control, &m_InControl);
+    AddTool(control, m_InControl);
+    if (m_Parent) AddTool(m_Parent, m_InParent);
     if (!m_Title.empty()) ShowTitle();
     ShowColours();
     ShowTimes();
@@ -213,23 +212,37 @@ LRESULT cToolTip::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam)
         return 0;
     }
     const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
-    if (hWnd == m_Parent) FollowControl(at);
+    if (hWnd == m_Control)
+        PlaceInControl();
+    else
+        PlaceInParent(at);
     MSG relayed{hWnd, iMsg, wParam, lParam, static_cast<DWORD>(GetMessageTime()), at};
     ClientToScreen(hWnd, &relayed.pt);
     SendMessageW(m_Tip, TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&relayed));
     return 0;
 }
 
-// A control that lies hidden or behind another one is not under the mouse.
-void cToolTip::FollowControl(POINT inParent) {
+// The control may have another size by now.
+void cToolTip::PlaceInControl() {
     RECT place{};
-    if (ChildWindowFromPointEx(m_Parent, inParent, CWP_SKIPINVISIBLE) == m_Control) {
+    GetClientRect(m_Control, &place);
+    PlaceTool(m_Control, place, m_InControl);
+}
+
+// A control that lies hidden or behind another one is not under the mouse.
+void cToolTip::PlaceInParent(POINT mouse) {
+    RECT place{};
+    if (ChildWindowFromPointEx(m_Parent, mouse, CWP_SKIPINVISIBLE) == m_Control) {
         GetWindowRect(m_Control, &place);
         MapWindowPoints(nullptr, m_Parent, reinterpret_cast<POINT*>(&place), 2);
     }
-    if (EqualRect(&place, &m_PlaceInParent)) return;
-    m_PlaceInParent = place;
-    TTTOOLINFOW tool = Tool(m_Parent);
+    PlaceTool(m_Parent, place, m_InParent);
+}
+
+void cToolTip::PlaceTool(HWND window, const RECT& place, RECT& known) {
+    if (EqualRect(&place, &known)) return;
+    known = place;
+    TTTOOLINFOW tool = Tool(window);
     tool.rect = place;
     SendTool(m_Tip, TTM_NEWTOOLRECTW, tool);
 }

@@ -17,7 +17,8 @@ public:
     // Gives the control its tip, in the place of one that this object made before. Text: a
     // "|" breaks the line. Style: bits of the system's tips (1 always, 64 balloon). Icon: 0
     // none, 1 information, 2 warning, 3 error; it shows beside a title only. Colours: &H00BBGGRR,
-    // a system colour (0x80000000 and its index, followed when it changes) or kNoColour.
+    // a system colour (0x80000000 and its index, followed when it changes) or kNoColour; a
+    // visual style of the system may draw tips in its own.
     // Times in milliseconds, -1 for the system's. False where control is no window.
     bool Create(HWND control, std::u16string_view text, int style, bool centered, int icon,
                 std::u16string_view title, OleColour foreColour, OleColour backColour, int popupTime,
@@ -61,10 +62,12 @@ private:
     void ShowTitle();
     void ShowColours();
     void ShowTimes();
-    void FollowControl(POINT inParent);
+    void PlaceInControl();
+    void PlaceInParent(POINT mouse);
+    void PlaceTool(HWND window, const RECT& place, RECT& known);
 
     HWND m_Tip = nullptr, m_Control = nullptr, m_Parent = nullptr;
-    RECT m_PlaceInParent{}; // where the parent's tool is; empty while the mouse is elsewhere
+    RECT m_InControl{}, m_InParent{}; // the tools; the parent's is empty while the mouse is elsewhere
     std::u16string m_Text, m_Title, m_InitialText, m_InitialTitle;
     int m_Style = 0, m_Icon = 0, m_PopupTime = -1, m_HoverTime = -1;
     bool m_Centered = false;

@@ -70,6 +70,13 @@ TEST_F(ToolTip, ADisabledControlIsFoundWhereItHasMovedTo) {
     EXPECT_TRUE(WaitShown());
 }
 
+TEST_F(ToolTip, AControlThatGrewHasItAllOver) {
+    Create();
+    On([this] { MoveWindow(m_Left, 20, 100, 220, 80, TRUE); });
+    gui::MoveTo(gui::ToScreen(m_Left, 210, 70));
+    EXPECT_TRUE(WaitShown());
+}
+
 TEST_F(ToolTip, AHiddenOrCoveredDisabledControlHasNone) {
     Create();
     On([this] {
