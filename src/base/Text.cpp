@@ -26,6 +26,13 @@ constexpr std::array<char16_t, 256> kCp1252 = [] {
     return units;
 }();
 
+// The other way; 0 for a unit that has no byte, and for 0 itself.
+constexpr std::array<std::uint8_t, 0x2123> kBytes = [] {
+    std::array<std::uint8_t, 0x2123> bytes{};
+    for (unsigned byte = 0; byte < 256; ++byte) bytes[kCp1252[byte]] = static_cast<std::uint8_t>(byte);
+    return bytes;
+}();
+
 constexpr bool IsSurrogate(char16_t unit) {
     return (unit & 0xF800) == 0xD800;
 }
@@ -101,18 +108,17 @@ std::u16string FromCp1252(std::string_view bytes) {
 }
 
 int ToCp1252(char16_t unit) {
-    if (unit < 0x80 || (unit >= 0xA0 && unit <= 0xFF)) return unit;
-    for (int i = 0; i < 32; ++i)
-        if (kHigh[i] == unit) return 0x80 + i;
-    return -1;
+    const int byte = unit < kBytes.size() ? kBytes[unit] : 0;
+    return byte != 0 || unit == 0 ? byte : -1;
 }
 
 bool ToCp1252(std::u16string_view units, std::string& bytes) {
     std::string made(units.size(), '\0');
-    for (std::size_t i = 0; i < units.size(); ++i) {
-        const int byte = ToCp1252(units[i]);
+    char* to = made.data();
+    for (const char16_t unit : units) {
+        const int byte = ToCp1252(unit);
         if (byte < 0) return false;
-        made[i] = static_cast<char>(byte);
+        *to++ = static_cast<char>(byte);
     }
     bytes = std::move(made);
     return true;

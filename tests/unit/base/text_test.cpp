@@ -24,6 +24,17 @@ TEST(Cp1252, RefusesWhatItDoesNotHoldAndLeavesTheOutput) {
     EXPECT_FALSE(text::ToCp1252(u"\u0080", bytes)); // 80 is the euro sign
 }
 
+TEST(Cp1252, NoOtherUnitHasAByte) {
+    int found = 0;
+    for (unsigned unit = 0; unit < 0x10000; ++unit) {
+        const int byte = text::ToCp1252(static_cast<char16_t>(unit));
+        if (byte < 0) continue;
+        ++found;
+        EXPECT_EQ(unit, text::FromCp1252(static_cast<unsigned char>(byte)));
+    }
+    EXPECT_EQ(256, found);
+}
+
 TEST(Utf8, DecodesPairsAndCountsInvalidParts) {
     std::size_t invalid = 0;
     EXPECT_EQ(u"\u0995\U0001F600", text::FromUtf8("\xE0\xA6\x95\xF0\x9F\x98\x80", &invalid));
