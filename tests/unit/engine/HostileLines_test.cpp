@@ -93,6 +93,8 @@ const Hostile kHostile[] = {
      u"\u09AF\u09CD"},
     {"ya and virama over u signs",
      [](std::size_t n) { return u"x" + Then(u"\u09AF\u09C1", u"\u09CD\u09AF", n); }, u"R", u"\u09AF\u09CD"},
+    {"u sign, ya and virama", [](std::size_t n) { return u"x" + Repeated(u"\u09C1\u09AF\u09AF\u09CD", n); },
+     u"R", u"\u09AF\u09CD"},
     {"both the same", [](std::size_t n) { return u"x" + Then(u"\u0995\u09C1", u"Y", n); }, u"Y", u"Y"},
 };
 

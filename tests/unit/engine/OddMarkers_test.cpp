@@ -116,4 +116,38 @@ TEST(OddMarkers, RandomMarkersAndLines) {
     }
 }
 
+// What is handled apart, or seldom comes about by chance.
+TEST(OddMarkers, MarkersOfTheirOwnKind) {
+    struct Kind {
+        std::u16string reph, yaPhala, others;
+    };
+    const Kind kinds[] = {
+        {u"\uE001", u"\u09AF\u09CD", u"\u09C1\u09C2\u09B0x"}, // viramas go through YAs
+        {u"q\u09CD", u"\uE002", u"\u09C7\u0995"},             // a kept one between pairs
+        {u"\u09C7q", u"\uE002", u"\u09CD\u09BE\u0995"},       // a scan passes a sign and its pair
+        {u"\u09B0", u"\uE002", u"\u09CD\u09BE\u0995x"},       // what may come around
+        {u"\u09CD", u"\uE002", u"\u09BE\u0995x"},
+        {u"\u09B0\u09CD", u"\uE002", u"\u09BE\u0995x"},
+        {u"\u09CD\u09B0", u"\uE002", u"\u09BE\u0995x"},
+        {u"\u09CDx", u"\uE002", u"\u0995\u09BE"}, // what takes in a pair
+        {u"\uE001", u"\u09B0", u"\u0995\u09CD\u09BE"},
+    };
+    EngineLimits limits;
+    limits.LongestLine = kLongestLine;
+    Random random(1);
+    Seen seen;
+    for (const Kind& kind : kinds) {
+        const Table table{kind.reph, kind.yaPhala, {{u"\uF000", u""}}};
+        Engine engine(limits);
+        engine.Load(table.Payload());
+        const std::u16string units = kind.reph + kind.reph + kind.yaPhala + kind.others;
+        for (int i = 0; i < 1500 && !testing::Test::HasFailure(); ++i)
+            Compare(engine, table, Pick(random, units, 1 + random.Below(14)), seen);
+    }
+    Engine engine(limits);
+    const Table table{u"q\u09CD", u"\uE002", {{u"\uF000", u""}}};
+    engine.Load(table.Payload());
+    Compare(engine, table, u"q\u09CDqq\u09CD\u09CD", seen);
+}
+
 } // namespace
