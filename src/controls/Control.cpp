@@ -74,7 +74,7 @@ void Control::Move(int left, int top, int width, int height) {
     if (!m_hWnd) return;
     const StillThere here(*this);
     PlaceWindow();
-    if (!here) return;
+    if (!here) return; // a form's Resize may have destroyed it
     if (moved && m_Container)
         m_Form->EachInside(*this, [](Control& held) {
             if (held.m_hWnd) held.PlaceWindow();
@@ -166,7 +166,11 @@ void Control::ZOrder(int position) {
 }
 
 void Control::SetFocus() {
-    if (m_hWnd) ::SetFocus(m_hWnd);
+    if (!UsableOnForm()) return;
+    if (!FormDisabled())
+        ::SetFocus(m_hWnd);
+    else if (m_Container)
+        m_Form->NoteFocus(*this);
 }
 
 bool Control::HasFocus() const {
@@ -211,7 +215,11 @@ bool Control::FormDisabled() const {
 }
 
 bool Control::Usable() const {
-    if (!m_hWnd || !EnabledInAll() || FormDisabled()) return false;
+    return UsableOnForm() && !FormDisabled();
+}
+
+bool Control::UsableOnForm() const {
+    if (!m_hWnd || !EnabledInAll()) return false;
     for (const Control* control = this; control->m_Container; control = control->m_Container) {
         if (!control->m_Visible) return false;
     }

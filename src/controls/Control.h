@@ -121,6 +121,8 @@ public:
 
     // 0 to the front of its siblings, 1 to their back.
     void ZOrder(int position = 0);
+    // Does nothing where it is disabled, hidden or covered. Behind a modal form it gets the
+    // focus when the form takes input again.
     void SetFocus();
     bool HasFocus() const; // it, or a window inside it
     HWND hWnd() const { return m_hWnd; }
@@ -179,6 +181,7 @@ private:
     LRESULT Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Answer(UINT message, WPARAM wParam, LPARAM lParam);
     void DefaultAction(int child);
+    bool UsableOnForm() const;
     bool Reflect(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
 
     void* m_Owner;

@@ -1,5 +1,5 @@
-// A form's window, its ground, DPI and theme. Its controls: FormLayout.cpp; keys:
-// FormKeys.cpp; the modal show: FormModal.cpp.
+// A form's window, its place, DPI and theme. Its controls: FormLayout.cpp; ground:
+// FormGround.cpp; keys: FormKeys.cpp; the modal show: FormModal.cpp.
 #include "controls/Form.h"
 
 #include "base/DoEvents.h"
@@ -72,6 +72,7 @@ void Form::MakeWindow() {
     if (!window)
         throw RuntimeFailure(static_cast<int>(GetLastError()), Base.m_Name, u"The window cannot be made");
     g_Forms.push_back(this);
+    DeriveEnabling();
     m_Dpi = DpiOf(window);
     RECT work{};
     SystemParametersInfoW(SPI_GETWORKAREA, 0, &work, 0);
@@ -103,51 +104,6 @@ bool Form::OnProperty(std::u16string_view name, std::u16string_view value) {
     else
         return false;
     return true;
-}
-
-void Form::OnPaint(HDC dc, const RECT& client) {
-    OnGround(dc, client);
-}
-
-// Every label and button asks for its piece of the ground, so it is kept.
-void Form::OnGround(HDC dc, const RECT& client) {
-    const SIZE size{WidthOf(client), HeightOf(client)};
-    if (size.cx <= 0 || size.cy <= 0) return;
-    const HDC memory = CreateCompatibleDC(dc);
-    const bool fresh = !m_Ground || size.cx != m_GroundSize.cx || size.cy != m_GroundSize.cy;
-    if (fresh) {
-        if (m_Ground) DeleteObject(m_Ground);
-        const HDC screen = GetDC(Base.m_hWnd);
-        m_Ground = CreateCompatibleBitmap(screen, size.cx, size.cy);
-        ReleaseDC(Base.m_hWnd, screen);
-        m_GroundSize = size;
-    }
-    const HGDIOBJ before = SelectObject(memory, m_Ground);
-    if (fresh) {
-        const bool plain = BackColor2 == kNoColour || Theme::HighContrast();
-        if (plain)
-            FillRectangle(memory, client, Theme::Pick(Resolve(BackColor), COLOR_WINDOW));
-        else
-            VerticalGradient(memory, client, Resolve(BackColor), Resolve(BackColor2));
-        if (PaintGround) EventFrame::Run([&] { PaintGround(memory, client); });
-        const HRGN region = CreateRectRgn(0, 0, 0, 0);
-        if (OutlineColor != kNoColour && GetWindowRgn(Base.m_hWnd, region) > NULLREGION) {
-            const HBRUSH brush = CreateSolidBrush(Theme::Pick(Resolve(OutlineColor), COLOR_WINDOWTEXT));
-            FrameRgn(memory, region, brush, HairLine(m_Dpi), HairLine(m_Dpi));
-            DeleteObject(brush);
-        }
-        DeleteObject(region);
-    }
-    BitBlt(dc, 0, 0, size.cx, size.cy, memory, 0, 0, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteDC(memory);
-}
-
-void Form::RefreshGround() {
-    if (m_Ground) DeleteObject(m_Ground);
-    m_Ground = nullptr;
-    if (Base.m_hWnd)
-        RedrawWindow(Base.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_FRAME);
 }
 
 // Under a caption bar the layout's size is that of the inside.
@@ -192,18 +148,21 @@ bool Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result
         return true;
     }
     case WM_ACTIVATE:
-        // The focus may be inside a control, which does not hear of it.
-        if (LOWORD(wParam) == WA_INACTIVE) {
-            Control* focused = Control::Around(GetFocus());
-            if (focused && focused != &Base && focused->m_Form == this) m_LastFocus = focused;
-        }
+        if (LOWORD(wParam) == WA_INACTIVE) RememberFocus();
         return false;
     case WM_SETFOCUS:
-        if (m_LastFocus && m_LastFocus->Usable())
+        // The last one may have been disabled while the form was not active.
+        if (!m_LastFocus)
+            FocusFirst();
+        else if (m_LastFocus->Usable())
             m_LastFocus->SetFocus();
         else
-            FocusFirst();
+            FocusNext(*m_LastFocus);
         return true;
+    case WM_SHOWWINDOW:
+        // Not when it goes and comes with its minimised owner.
+        if (!wParam && lParam == 0) EndModal();
+        return false;
     case WM_CLOSE:
         if (Closing)
             Raise(Closing);
@@ -226,6 +185,7 @@ bool Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result
         return false;
     case WM_DESTROY:
         std::erase(g_Forms, this);
+        EndModal();
         return false;
     default:
         (void)result;
@@ -237,7 +197,7 @@ void Form::ChangeDpi(int dpi) {
     const StillThere here(Base);
     m_Dpi = dpi;
     Base.PlaceWindow();
-    if (!here) return; // by its Resize
+    if (!here || !Base.m_hWnd) return; // Resize may have taken it away
     ApplyShape();
     for (Control* control : m_Controls) {
         control->FontChanged();
@@ -260,12 +220,18 @@ void Form::ThemeChanged() {
 
 // What stands in a disabled container is disabled too, and shows it.
 void Form::EnabledChanged(Control& changed) {
-    const auto tell = [](Control& control) {
-        if (control.m_hWnd) EnableWindow(control.m_hWnd, control.EnabledInAll());
+    const auto tell = [this](Control& control) {
+        if (&control == &Base)
+            DeriveEnabling();
+        else if (control.m_hWnd)
+            EnableWindow(control.m_hWnd, control.EnabledInAll());
         control.Tell(Change::Enabled);
     };
     tell(changed);
     EachInside(changed, tell);
+    // The active form lost the focus when it was disabled.
+    if (&changed == &Base && m_TakesInput && GetActiveWindow() == Base.m_hWnd && !GetFocus())
+        ::SetFocus(Base.m_hWnd);
 }
 
 // Everything that stands in it, however deep.
@@ -292,12 +258,12 @@ void Form::Forget(Control& control) {
 
 void Form::Show() {
     Base.Visible(true);
+    if (!Base.m_hWnd || BehindModal()) return;
     SetForegroundWindow(Base.m_hWnd);
     if (!Base.HasFocus()) ::SetFocus(Base.m_hWnd);
 }
 
 void Form::Hide() {
-    EndModal();
     Base.Visible(false);
 }
 

@@ -48,14 +48,19 @@ public:
     }
     // Makes the window, not shown yet, and its controls. layout must live as long as the
     // program. Raises failure 13 where a joined name has no row, a row's kind is another
-    // than the member's, or a container or property is unknown. A further layout, without a
-    // line for the form, adds its controls to those that are there.
+    // than the member's, or a container or property is unknown, 5 where the window has been
+    // made before, also when it is unloaded. A further layout, without a line for the form,
+    // adds its controls to those that are there.
     void Create(std::u16string_view layout);
 
+    // Comes to the front with the focus, but not while another form is shown modally.
     void Show();
     void Hide();
-    // Shows it and comes back when it is hidden or unloaded; all other forms are disabled
-    // meanwhile. owner may be null.
+    // Shows it and comes back when it has been hidden or unloaded, its window or its owner's
+    // has gone, or the program ends. Meanwhile it takes input alone; of several forms that are
+    // shown so, the one that was shown last and is still there. owner may be null. Raises
+    // failure 91 without a window (unloaded, or gone with its owner), 5 for one that is shown
+    // so already.
     void ShowModal(Form* owner);
     // Paints the ground anew, after something that PaintGround draws has changed.
     void RefreshGround();
@@ -97,10 +102,12 @@ private:
         Control* Target;
     };
 
-    // Form.cpp
-    bool OnProperty(std::u16string_view name, std::u16string_view value);
+    // FormGround.cpp
     void OnPaint(HDC dc, const RECT& client);
     void OnGround(HDC dc, const RECT& client);
+
+    // Form.cpp
+    bool OnProperty(std::u16string_view name, std::u16string_view value);
     void OnPlace(const RECT& pixels);
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     void MakeWindow();
@@ -129,18 +136,22 @@ private:
     bool PressButton(Control* button);
     bool AccessKey(char16_t letter);
 
+    void RememberFocus();
+
     // FormModal.cpp
+    bool IsModal() const;
+    bool BehindModal() const; // a modal one stands in front of it
     void EndModal();
+    static void DeriveEnabling();
 
     std::vector<Binding> m_Bindings;
     std::vector<Control*> m_Controls;
     std::vector<std::shared_ptr<void>> m_Own; // the controls that nobody joined
-    std::vector<HWND> m_Disabled;             // the windows that the modal show has disabled
     Control* m_LastFocus = nullptr;
     int m_Dpi = 96;
-    bool m_Modal = false;
-    bool m_Caption = false; // has a caption bar of the system's
-    int m_ShapeId = 0;      // of its region among the resources; 0: a plain rectangle
+    bool m_TakesInput = true; // as DeriveEnabling has told its window
+    bool m_Caption = false;   // has a caption bar of the system's
+    int m_ShapeId = 0;        // of its region among the resources; 0: a plain rectangle
     cRegion m_Shape;
     HBITMAP m_Ground = nullptr;
     SIZE m_GroundSize{};

@@ -58,6 +58,7 @@ bool Form::AccessKey(char16_t letter) {
                                       [](Control* c) { return c->HasFocus() && !c->Kind().Container; });
     if (focused != order.end()) std::rotate(order.begin(), focused + 1, order.end());
     const char16_t wanted = AccessKeyOf(std::u16string{u'&', letter});
+    if (!wanted) return false; // an ampersand is the key of no caption, nor of one without a key
     for (Control* control : order) {
         if (AccessKeyOf(control->Caption()) != wanted) continue;
         if (control->Kind().Press && control->Usable()) {
@@ -100,6 +101,12 @@ void Form::FocusFirst() {
         control->SetFocus();
         return;
     }
+}
+
+// The focus may be inside a control, which does not hear of it.
+void Form::RememberFocus() {
+    Control* focused = Control::Around(GetFocus());
+    if (focused && focused != &Base && focused->m_Form == this) m_LastFocus = focused;
 }
 
 // What had the focus may have been disabled, hidden or covered: then the next one gets it.

@@ -35,6 +35,7 @@ void Form::Create(std::u16string_view layout) {
     Control* label = nullptr;
     for (const LayoutRow& row : ParseLayout(layout)) {
         if (row.Kind == u"form") {
+            if (Base.m_Form) throw RuntimeFailure(kInvalidCall, Base.m_Name, u"The form was made before");
             Base.m_Form = this;
             Base.m_Name = row.Name;
             Base.m_Caption = row.Caption;

@@ -1,21 +1,32 @@
-// The modal show of a form.
+// The modal show of a form. One stack tells which forms are shown so, and from it follows
+// which forms take input: the topmost modal one alone, without a modal one all.
+#include "base/RuntimeFailure.h"
 #include "controls/EventFrame.h"
 #include "controls/Form.h"
 
+#include <algorithm>
+
+namespace {
+
+std::vector<Form*> g_Modal; // the topmost last
+
+void SetOwner(HWND window, HWND owner) {
+    SetWindowLongPtrW(window, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner));
+}
+
+} // namespace
+
 void Form::ShowModal(Form* owner) {
-    StillThere here(Base);
-    SetWindowLongPtrW(Base.m_hWnd, GWLP_HWNDPARENT,
-                      reinterpret_cast<LONG_PTR>(owner ? owner->Base.m_hWnd : nullptr));
-    for (Form* other : Forms::All()) {
-        if (other == this || !IsWindowEnabled(other->Base.m_hWnd)) continue;
-        EnableWindow(other->Base.m_hWnd, FALSE);
-        m_Disabled.push_back(other->Base.m_hWnd);
-    }
-    m_Modal = true;
-    Show();
+    if (!Base.m_hWnd) throw RuntimeFailure(kObjectNotSet, Base.m_Name, u"The form has no window");
+    if (IsModal()) throw RuntimeFailure(kInvalidCall, Base.m_Name, u"The form is shown modally already");
+    const StillThere here(Base);
+    g_Modal.push_back(this);
+    SetOwner(Base.m_hWnd, owner && owner != this ? owner->Base.m_hWnd : nullptr);
+    DeriveEnabling();
+    if (here && IsModal()) Show();
     MSG message;
     // The form may be gone after any message.
-    while (here && m_Modal) {
+    while (here && IsModal()) {
         if (GetMessageW(&message, nullptr, 0, 0) <= 0) {
             PostQuitMessage(static_cast<int>(message.wParam));
             break;
@@ -24,16 +35,42 @@ void Form::ShowModal(Form* owner) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
-    if (here) EndModal();
+    if (here) {
+        EndModal();
+        // Else a hidden form would go with the owner of its last show.
+        if (Base.m_hWnd) SetOwner(Base.m_hWnd, nullptr);
+    }
     EventFrame::Rethrow();
 }
 
-// The others are enabled before this one goes, so that the system activates its owner.
+bool Form::IsModal() const {
+    return std::find(g_Modal.begin(), g_Modal.end(), this) != g_Modal.end();
+}
+
+bool Form::BehindModal() const {
+    return !g_Modal.empty() && g_Modal.back() != this;
+}
+
+// Whatever hides the form or takes its window comes here, and before the window has gone:
+// then the others are enabled in time for the system to activate the owner.
 void Form::EndModal() {
-    if (!m_Modal) return;
-    m_Modal = false;
-    for (const HWND window : m_Disabled) {
-        if (IsWindow(window)) EnableWindow(window, TRUE);
+    if (std::erase(g_Modal, this) == 0) return;
+    DeriveEnabling();
+    // What was sent, not posted, does not end the wait of the loop above.
+    PostThreadMessageW(GetCurrentThreadId(), WM_NULL, 0, 0);
+}
+
+// Only what changes is touched: a box of the system disables its owner by itself.
+void Form::DeriveEnabling() {
+    const std::vector<Form*> forms = Forms::All();
+    for (Form* form : forms) {
+        // Losing the focus may have run a handler that has destroyed a form.
+        const auto& present = Forms::All();
+        if (std::find(present.begin(), present.end(), form) == present.end()) continue;
+        const bool takes = form->Base.m_Enabled && !form->BehindModal();
+        if (takes == form->m_TakesInput) continue;
+        form->m_TakesInput = takes;
+        if (!takes) form->RememberFocus();
+        EnableWindow(form->Base.m_hWnd, takes);
     }
-    m_Disabled.clear();
 }

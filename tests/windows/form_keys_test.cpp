@@ -1,4 +1,4 @@
-// Enter, Esc, access keys, DoEvents and the modal show.
+// Enter, Esc, access keys and DoEvents.
 #include "base/DoEvents.h"
 #include "base/RuntimeFailure.h"
 #include "controls/TextBox.h"
@@ -108,6 +108,27 @@ TEST_F(FormKeys, AccessKeysPressAndTakeTheFocus) {
     EXPECT_EQ(form.Other.Count, 0); // a doubled ampersand is none
 }
 
+// An ampersand is no key; the controls whose captions have none must not take it.
+TEST_F(FormKeys, AltWithAnAmpersandPressesNothing) {
+    KeysForm& form = *m_Shown;
+    ASSERT_TRUE(FocusComesTo(form.Text.Base));
+    m_Ui.Run([&] {
+        for (const WPARAM sign : {L'&', L'7', L'\0'}) {
+            MSG message{form.Text.Base.hWnd(), WM_SYSCHAR, sign, 1 << 29, 0, {}};
+            EXPECT_FALSE(Forms::Filter(message)) << sign;
+        }
+    });
+    gui::Key(VK_MENU, false);
+    gui::Key(VK_SHIFT, false);
+    gui::Type('7');
+    gui::Key(VK_SHIFT, true);
+    gui::Key(VK_MENU, true);
+    gui::Type('X');
+    EXPECT_TRUE(Becomes([&] { return form.Text.Text() == u"x"; })); // the keys before have been dealt with
+    EXPECT_EQ(form.Other.Count + form.Ok->Count + form.Stop->Count, 0);
+    EXPECT_TRUE(On([&] { return form.Text.Base.HasFocus(); }));
+}
+
 TEST_F(FormKeys, DoEventsKnowsTheKeysToo) {
     KeysForm& form = *m_Shown;
     form.Other.Click = [&] {
@@ -151,66 +172,6 @@ TEST_F(FormKeys, AControlMayBeDestroyedByItsOwnEvent) {
     });
     gui::Type(VK_ESCAPE);
     EXPECT_TRUE(Becomes([&] { return form.Stop == nullptr; }));
-}
-
-TEST_F(FormKeys, AModalFormDisablesTheOthersUntilItIsHidden) {
-    KeysForm& form = *m_Shown;
-    std::unique_ptr<KeysForm> modal;
-    bool back = false;
-    m_Ui.Post([&] {
-        modal = std::make_unique<KeysForm>();
-        modal->Window.Hide();
-        modal->Window.Base.Left(0);
-        modal->Window.Base.Top(0);
-        modal->Ok->Click = [&] { modal->Window.Hide(); };
-        modal->Window.ShowModal(&form.Window);
-        back = true;
-    });
-    const HWND owner = form.Window.Base.hWnd();
-    ASSERT_TRUE(gui::WaitUntil([&] { return !IsWindowEnabled(owner); }));
-    ASSERT_TRUE(Becomes([&] { return modal->Text.Base.HasFocus(); }));
-    gui::Click(gui::CentreOf(form.Other.Base.hWnd()));
-    EXPECT_EQ(form.Other.Count, 0);
-    EXPECT_FALSE(back);
-    ASSERT_TRUE(gui::Activate(modal->Window.Base.hWnd()));
-    gui::Type(VK_RETURN);
-    ASSERT_TRUE(Becomes([&] { return back; }));
-    EXPECT_TRUE(IsWindowEnabled(owner));
-    EXPECT_TRUE(gui::WaitUntil([&] { return GetForegroundWindow() == owner; }));
-    m_Ui.Run([&] { modal.reset(); });
-}
-
-TEST_F(FormKeys, AModalFormMayBeDestroyedByItsOwnButton) {
-    KeysForm& form = *m_Shown;
-    std::unique_ptr<KeysForm> modal;
-    bool back = false;
-    m_Ui.Post([&] {
-        modal = std::make_unique<KeysForm>();
-        modal->Stop->Click = [&] { modal.reset(); };
-        modal->Window.ShowModal(&form.Window);
-        back = true;
-    });
-    ASSERT_TRUE(Becomes([&] { return modal && modal->Text.Base.HasFocus(); }));
-    gui::Type(VK_ESCAPE);
-    ASSERT_TRUE(Becomes([&] { return back; }));
-    EXPECT_EQ(modal, nullptr);
-    EXPECT_TRUE(IsWindowEnabled(form.Window.Base.hWnd()));
-}
-
-TEST_F(FormKeys, TheEndComesThroughAModalLoop) {
-    KeysForm& form = *m_Shown;
-    bool back = false;
-    m_Ui.Run([&] {
-        KeysForm modal;
-        PostQuitMessage(3);
-        modal.Window.ShowModal(&form.Window);
-        back = true;
-        MSG message; // the outer loop sees it too; here it is taken out for the other tests
-        EXPECT_TRUE(PeekMessageW(&message, nullptr, WM_QUIT, WM_QUIT, PM_REMOVE));
-        EXPECT_EQ(message.wParam, 3u);
-    });
-    EXPECT_TRUE(back);
-    EXPECT_TRUE(IsWindowEnabled(form.Window.Base.hWnd()));
 }
 
 } // namespace

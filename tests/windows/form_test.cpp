@@ -110,6 +110,66 @@ TEST_F(FormKit, FocusLeavesAPaneThatARaisedOneCovers) {
     EXPECT_TRUE(On([&] { return form.Last[1].Base.HasFocus(); }));
 }
 
+TEST_F(FormKit, FocusMovesOnAlsoWhileAnotherFormIsActive) {
+    TestForm& form = *m_Shown;
+    std::unique_ptr<Form> other;
+    ASSERT_TRUE(FocusComesTo(form.TextHigh.Base));
+    m_Ui.Run([&] {
+        form.Last[1].Base.SetFocus();
+        other = std::make_unique<Form>();
+        other->Create(u"form\nf\t\tfrmB\tform\t\t\t900\t900\t\t\t\n");
+        other->Show();
+    });
+    ASSERT_TRUE(Becomes([&] { return GetActiveWindow() == other->Base.hWnd(); }));
+    m_Ui.Run([&] { form.Last[1].Base.Enabled(false); });
+    EXPECT_TRUE(On([&] { return GetActiveWindow() == other->Base.hWnd(); })); // nothing comes to the front
+    ASSERT_TRUE(gui::Activate(form.Window.Base.hWnd()));
+    EXPECT_TRUE(FocusComesTo(form.Last[0].Base)); // the next one, not the first
+    m_Ui.Run([&] { other.reset(); });
+}
+
+TEST_F(FormKit, WhatCannotBeReachedTakesNoFocus) {
+    TestForm& form = *m_Shown;
+    ASSERT_TRUE(FocusComesTo(form.TextHigh.Base));
+    m_Ui.Run([&] {
+        form.TextLow.Base.SetFocus(); // covered
+        EXPECT_TRUE(form.TextHigh.Base.HasFocus());
+        form.Last[0].Base.Visible(false);
+        form.Last[0].Base.SetFocus();
+        EXPECT_TRUE(form.TextHigh.Base.HasFocus());
+        form.Last[1].Base.Enabled(false);
+        form.Last[1].Base.SetFocus();
+        EXPECT_TRUE(form.TextHigh.Base.HasFocus());
+        form.ComboHigh.Base.SetFocus();
+        EXPECT_TRUE(form.ComboHigh.Base.HasFocus());
+    });
+}
+
+TEST_F(FormKit, AFormThatIsEnabledAgainHasItsFocusBack) {
+    TestForm& form = *m_Shown;
+    ASSERT_TRUE(FocusComesTo(form.TextHigh.Base));
+    m_Ui.Run([&] { form.Window.Base.Enabled(false); });
+    m_Ui.Run([&] { form.Window.Base.Enabled(true); });
+    gui::Type('X');
+    EXPECT_TRUE(Becomes([&] { return form.TextHigh.Text() == u"x"; }));
+}
+
+TEST_F(FormKit, AFormIsMadeOnce) {
+    m_Ui.Run([&] {
+        Form& form = m_Shown->Window;
+        for (const bool unloaded : {false, true}) {
+            if (unloaded) form.Unload();
+            try {
+                form.Create(kLayout);
+                ADD_FAILURE() << "it was made again";
+            } catch (const RuntimeFailure& failure) {
+                EXPECT_EQ(failure.Number(), kInvalidCall);
+            }
+            EXPECT_EQ(form.Controls().size(), 10u);
+        }
+    });
+}
+
 TEST_F(FormKit, AnAccessKeyOfALabelGoesToItsField) {
     TestForm& form = *m_Shown;
     m_Ui.Run([&] { form.FrameLow.Base.ZOrder(); });
