@@ -52,21 +52,25 @@ public:
     void Disconnect() { m_List = nullptr; }
 
     HRESULT STDMETHODCALLTYPE DragEnter(IDataObject* data, DWORD keys, POINTL, DWORD* effect) override {
-        FORMATETC format = FileFormat();
-        m_HasFiles = data && data->QueryGetData(&format) == S_OK;
-        m_Buttons = Buttons(keys);
-        return Answer(effect);
+        return EventFrame::Run<HRESULT>(E_FAIL, [&] {
+            FORMATETC format = FileFormat();
+            m_HasFiles = data && data->QueryGetData(&format) == S_OK;
+            m_Buttons = Buttons(keys);
+            return Answer(effect);
+        });
     }
     HRESULT STDMETHODCALLTYPE DragOver(DWORD keys, POINTL, DWORD* effect) override {
-        m_Buttons = Buttons(keys);
-        return Answer(effect);
+        return EventFrame::Run<HRESULT>(E_FAIL, [&] {
+            m_Buttons = Buttons(keys);
+            return Answer(effect);
+        });
     }
     HRESULT STDMETHODCALLTYPE DragLeave() override { return S_OK; }
     HRESULT STDMETHODCALLTYPE Drop(IDataObject* data, DWORD keys, POINTL at, DWORD* effect) override {
-        const DWORD allowed = *effect;
-        Answer(effect);
-        if (*effect == DROPEFFECT_NONE || !data) return S_OK;
-        return EventFrame::Run<HRESULT>(E_FAIL, [&] {
+        return EventFrame::Run<HRESULT>(E_FAIL, [&]() -> HRESULT {
+            const DWORD allowed = *effect;
+            Answer(effect);
+            if (*effect == DROPEFFECT_NONE || !data) return S_OK;
             const DroppedData dropped{ReadFiles(*data)};
             POINT inside{at.x, at.y};
             ScreenToClient(m_List->Base.hWnd(), &inside);

@@ -55,6 +55,13 @@ bool McListBox::OnInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
     case WM_KEYUP:
         Raise(KeyUp, static_cast<int>(wParam), ShiftState());
         return true;
+    case WM_SYSKEYDOWN:
+        // With Alt, and F10: told, and the system's to act on.
+        Raise(KeyDown, static_cast<int>(wParam), ShiftState());
+        return false;
+    case WM_SYSKEYUP:
+        Raise(KeyUp, static_cast<int>(wParam), ShiftState());
+        return false;
     case WM_CHAR:
         OnCharacter(static_cast<char16_t>(wParam));
         return true;

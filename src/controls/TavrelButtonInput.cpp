@@ -26,6 +26,13 @@ bool TavrelButton::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
     case WM_KEYUP:
         KeyComesUp(static_cast<int>(wParam));
         return true;
+    case WM_SYSKEYDOWN:
+        // With Alt, and F10: told, and the system's to act on.
+        Raise(KeyDown, static_cast<int>(wParam), ShiftState());
+        return false;
+    case WM_SYSKEYUP:
+        KeyComesUp(static_cast<int>(wParam));
+        return false;
     case WM_CAPTURECHANGED:
         // Somebody else has the mouse now: no release will come here.
         if (m_ButtonsHeld && reinterpret_cast<HWND>(lParam) != Base.hWnd()) {

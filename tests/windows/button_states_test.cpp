@@ -105,6 +105,54 @@ TEST_F(ButtonStates, BringsAboutEachLookInHighContrast) {
     }
 }
 
+TEST_F(ButtonStates, AHoveredButtonFollowsDpiAndContrast) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] {
+        m_Shown->Record(back);
+        m_Shown->Text.Base.SetFocus();
+    });
+    const auto hovered = [](TavrelButtonState& state) { state.Hovering = true; };
+    Enter(back);
+    SetDpi(144); // the mouse is over it still
+    m_Ui.Settle();
+    ExpectLook(back, hovered, "144 DPI");
+    SetHighContrast(true);
+    EXPECT_TRUE(On([&] { return back.State().Hovering; }));
+    SetHighContrast(false);
+    SetDpi(96);
+    ExpectLook(back, hovered, "96 DPI");
+    Leave(back);
+    const gui::Events log = Log();
+    EXPECT_EQ(std::count(log.begin(), log.end(), "MouseIn"), 1);
+    EXPECT_EQ(std::count(log.begin(), log.end(), "MouseOut"), 1);
+}
+
+TEST_F(ButtonStates, TheHoverEndsWhenTheFormIsHidden) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] { m_Shown->Record(back); });
+    Enter(back);
+    m_Ui.Run([&] { m_Shown->Window.Hide(); });
+    EXPECT_TRUE(Logged("MouseOut"));
+    EXPECT_FALSE(On([&] { return back.State().Hovering; }));
+}
+
+// Alt and what is typed with it, and F10: told like other keys, and left to the system.
+TEST_F(ButtonStates, KeysOfTheSystemAreToldToo) {
+    TavrelButton& back = *m_Shown->Back;
+    m_Ui.Run([&] {
+        m_Shown->Record(back);
+        back.Base.SetFocus();
+    });
+    ASSERT_TRUE(FocusComesTo(back.Base));
+    ClearLog();
+    gui::Key(VK_MENU, false);
+    gui::Type('Q');
+    gui::Key(VK_MENU, true);
+    const gui::Events log = LogOf(4);
+    EXPECT_EQ(log, (gui::Events{"KeyDown 18", "KeyDown 81", "KeyUp 81", "KeyUp 18"}));
+    EXPECT_FALSE(On([&] { return back.State().Pressed; }));
+}
+
 TEST_F(ButtonStates, AllStatesDifferToTheEye) {
     for (TavrelButton* button : {m_Shown->Back.get(), &m_Shown->Main, &m_Shown->Tools, &m_Shown->Closer}) {
         m_Ui.Run([&] {

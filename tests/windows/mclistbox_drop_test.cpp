@@ -174,6 +174,29 @@ TEST_F(Drops, ADisabledListTakesNothing) {
     EXPECT_FALSE(dropped);
 }
 
+TEST_F(Drops, BehindAModalFormNothingIsTaken) {
+    m_Ui.Run([&] {
+        Files().OLEDragDrop = [](const DroppedData&, int&, int, int, int, int) {};
+        auto* target = static_cast<IDropTarget*>(GetPropW(Files().Base.hWnd(), L"OleDropTargetInterface"));
+        ASSERT_NE(target, nullptr);
+        Dragged data({u"C:\\a.txt"});
+        const auto offered = [&] {
+            DWORD effect = DROPEFFECT_COPY;
+            EXPECT_EQ(target->DragEnter(&data, MK_LBUTTON, {}, &effect), S_OK);
+            return effect;
+        };
+        EXPECT_EQ(offered(), static_cast<DWORD>(DROPEFFECT_COPY));
+        Form modal;
+        modal.Create(u"form\nf\t\tfrmB\tform\t\t\t900\t900\t\t\t\n");
+        m_Ui.Post([&] {
+            EXPECT_EQ(offered(), static_cast<DWORD>(DROPEFFECT_NONE));
+            modal.Hide();
+        });
+        modal.ShowModal(&m_Shown->Window);
+        EXPECT_EQ(offered(), static_cast<DWORD>(DROPEFFECT_COPY));
+    });
+}
+
 TEST_F(Drops, TheListMayGoInsideTheDrop) {
     m_Ui.Run([&] {
         Files().OLEDragDrop = [&](const DroppedData&, int&, int, int, int, int) { m_Shown->Owned.reset(); };

@@ -169,6 +169,19 @@ TEST_F(Lists, DeleteComesAsKeyUp46) {
     EXPECT_TRUE(Hears("KeyDown46 KeyUp46 "));
 }
 
+// Alt and what is typed with it: told like other keys, and left to the system.
+TEST_F(Lists, KeysOfTheSystemAreToldAndSelectNothing) {
+    Fill(Files(), 3);
+    Listen(Files());
+    m_Ui.Run([&] { Files().Base.SetFocus(); });
+    ASSERT_TRUE(FocusComesTo(Files().Base));
+    gui::Key(VK_MENU, false);
+    gui::Type(VK_END);
+    gui::Key(VK_MENU, true);
+    EXPECT_TRUE(Hears("KeyDown18 KeyDown35 KeyUp35 KeyUp18 "));
+    EXPECT_EQ(On([&] { return Files().ListIndex(); }), -1);
+}
+
 TEST_F(Lists, ADisabledListObeysCodeOnly) {
     Fill(Files(), 3);
     Listen(Files());
