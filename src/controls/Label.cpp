@@ -5,7 +5,9 @@
 
 namespace {
 constexpr AccessibleTable kAccessible{.Role = ROLE_SYSTEM_STATICTEXT};
-}
+// No label shows more; measuring a text of words takes long.
+constexpr std::size_t kMostDrawn = 4096;
+} // namespace
 
 const ControlKind Label::kKind{
     .TypeName = u"Label",
@@ -56,9 +58,10 @@ void DrawLabel(HDC dc, const RECT& place, const LabelState& state) {
     if (state.Alignment == Label::Align::Centre) format |= DT_CENTER;
     COLORREF ink = Theme::Pick(Resolve(state.ForeColor), COLOR_WINDOWTEXT);
     if (!state.Enabled) ink = Theme::Pick(palette::DisabledText, COLOR_GRAYTEXT);
+    const std::u16string_view shown = state.Caption.substr(0, kMostDrawn);
     RECT text = place, measured{0, 0, WidthOf(place), 0};
-    DrawTextIn(dc, state.Font, state.Caption, measured, ink, format | DT_CALCRECT);
+    DrawTextIn(dc, state.Font, shown, measured, ink, format | DT_CALCRECT);
     const bool oneLine = HeightOf(measured) < 2 * LineHeight(state.Font);
     if (oneLine) text.top += (HeightOf(place) - HeightOf(measured)) / 2;
-    DrawTextIn(dc, state.Font, state.Caption, text, ink, format);
+    DrawTextIn(dc, state.Font, shown, text, ink, format);
 }

@@ -295,9 +295,12 @@ TEST_F(Fields, ALabelStandsOnItsContainersGround) {
 
 TEST_F(Fields, LabelsTakeAnyCaption) {
     FieldsForm& form = *m_Shown;
+    std::u16string words;
+    while (words.size() < 100'000) words += u"word ";
     for (const std::u16string& caption :
          {std::u16string(), std::u16string(u"&"), std::u16string(u"&&"), std::u16string(u"a&"),
-          std::u16string(u"a && b &c"), std::u16string(100'000, u'&'), std::u16string(100'000, u'w')}) {
+          std::u16string(u"a && b &c"), std::u16string(100'000, u'&'), std::u16string(100'000, u'w'),
+          words}) {
         m_Ui.Run([&] {
             form.Clear.Caption(caption);
             gui::ClientOf(form.Clear.Base.hWnd());
