@@ -188,6 +188,7 @@ private:
     void OnRelease(const MouseAt& mouse);
     void OnMouseMove(const MouseAt& mouse);
     void OnMouseLeave();
+    void OnOverTimer();
     void OnScroll(int request);
     void OnWheel(int delta);
     void MoveTo(int row);

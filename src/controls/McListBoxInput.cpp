@@ -13,6 +13,8 @@
 namespace {
 
 constexpr std::size_t kLongestTip = 1024; // units
+constexpr UINT_PTR kOverTimer = 2;
+constexpr UINT kOverEvery = 10; // milliseconds
 
 } // namespace
 
@@ -24,6 +26,10 @@ bool McListBox::OnInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
         return true;
     case WM_MOUSELEAVE:
         OnMouseLeave();
+        return true;
+    case WM_TIMER:
+        if (wParam != kOverTimer) return false;
+        OnOverTimer();
         return true;
     case WM_LBUTTONDOWN:
     case WM_RBUTTONDOWN:
@@ -164,6 +170,7 @@ void McListBox::OnMouseMove(const MouseAt& mouse) {
         m_MouseInside = true;
         TRACKMOUSEEVENT track{sizeof track, TME_LEAVE, Base.hWnd(), 0};
         TrackMouseEvent(&track);
+        SetTimer(Base.hWnd(), kOverTimer, kOverEvery, nullptr);
         modSound::PlayEffect(modSound::kMouseOver);
         Raise(MouseEnter);
         if (!here || !Base.hWnd()) return;
@@ -172,8 +179,19 @@ void McListBox::OnMouseMove(const MouseAt& mouse) {
     Raise(MouseMove, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
 }
 
+// The system does not always tell that the mouse has left: a window that comes over the
+// list is such a case.
+void McListBox::OnOverTimer() {
+    POINT cursor{};
+    if (GetCursorPos(&cursor) && WindowFromPoint(cursor) == Base.hWnd()) return;
+    if (GetCapture() == Base.hWnd()) return; // the leave comes when it is let go
+    OnMouseLeave();
+}
+
 void McListBox::OnMouseLeave() {
+    if (!m_MouseInside) return;
     m_MouseInside = false;
+    KillTimer(Base.hWnd(), kOverTimer);
     Hover(-1);
     Raise(MouseLeave);
 }

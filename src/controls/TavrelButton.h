@@ -137,7 +137,7 @@ private:
     void MouseGoesDown(const MouseAt& mouse);
     void MouseComesUp(const MouseAt& mouse);
     void Release(const MouseAt& mouse);
-    void KeyGoesDown(int key);
+    void KeyGoesDown(int key, bool repeated);
     void KeyComesUp(int key);
     void SetPressed(bool pressed);
     void LetGo();
@@ -153,7 +153,6 @@ private:
     bool m_Hovering = false;
     bool m_OverTimerRuns = false;
     bool m_Shaped = false;    // the window has a region
-    bool m_KeyHeld = false;   // repeats of the key are passed over
     bool m_SpaceHeld = false; // the press came from the space bar
     int m_ButtonsHeld = 0;    // mouse buttons that went down on it
     MouseAt m_LastDown;

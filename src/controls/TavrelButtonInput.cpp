@@ -8,7 +8,8 @@
 
 namespace {
 constexpr UINT_PTR kOverTimer = 1;
-constexpr UINT kOverInterval = 10; // milliseconds
+constexpr UINT kOverInterval = 10;    // milliseconds
+constexpr LPARAM kHeldDown = 1 << 30; // of WM_KEYDOWN: the key was down before
 } // namespace
 
 bool TavrelButton::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
@@ -18,7 +19,7 @@ bool TavrelButton::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT
         OverTimer();
         return true;
     case WM_KEYDOWN:
-        KeyGoesDown(static_cast<int>(wParam));
+        KeyGoesDown(static_cast<int>(wParam), (lParam & kHeldDown) != 0);
         return true;
     case WM_CHAR:
         Raise(KeyPress, static_cast<int>(wParam));
@@ -152,9 +153,7 @@ void TavrelButton::Release(const MouseAt& mouse) {
     Raise(MouseUp, mouse.Button, mouse.Shift, mouse.X, mouse.Y);
 }
 
-void TavrelButton::KeyGoesDown(int key) {
-    const bool repeated = m_KeyHeld;
-    m_KeyHeld = true;
+void TavrelButton::KeyGoesDown(int key, bool repeated) {
     if (key == VK_SPACE && !repeated) {
         m_SpaceHeld = true;
         m_Hovering = true;
@@ -167,7 +166,6 @@ void TavrelButton::KeyGoesDown(int key) {
 
 void TavrelButton::KeyComesUp(int key) {
     const StillThere here(Base);
-    m_KeyHeld = false;
     // A space that went down elsewhere does not click here.
     if (key == VK_SPACE && m_SpaceHeld) {
         m_SpaceHeld = false;
@@ -196,7 +194,6 @@ void TavrelButton::SetPressed(bool pressed) {
 
 // The focus has gone, or the user may not press any more.
 void TavrelButton::LetGo() {
-    m_KeyHeld = false;
     m_SpaceHeld = false;
     // The space bar alone has no timer that would end the hover.
     if (!m_OverTimerRuns) m_Hovering = false;

@@ -208,6 +208,7 @@ int cToolTip::MsgResponse() {
 
 LRESULT cToolTip::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) {
     if (hWnd == m_Tip) {
+        Theme::SettingsChanged(); // a tip is top-most and may hear of it before any form
         ShowColours();
         return 0;
     }

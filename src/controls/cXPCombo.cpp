@@ -78,10 +78,9 @@ void cXPCombo::Repaint() const {
 
 bool cXPCombo::Over() const {
     POINT at;
-    RECT place;
-    GetCursorPos(&at);
-    GetWindowRect(m_Window, &place);
-    return PtInRect(&place, at) && IsWindowEnabled(m_Window);
+    if (!GetCursorPos(&at)) return false;
+    const HWND under = WindowFromPoint(at);
+    return (under == m_Window || IsChild(m_Window, under)) && IsWindowEnabled(m_Window);
 }
 
 void cXPCombo::FollowMouse() {

@@ -116,6 +116,18 @@ TEST_F(Button, ASpaceHeldPressesOnceAndItsReleaseClicks) {
     EXPECT_FALSE(On([&] { return back.State().Pressed || back.State().Hovering; }));
 }
 
+TEST_F(Button, ASpaceBesideAHeldShiftClicksToo) {
+    m_Ui.Run([&] {
+        m_Shown->Record(*m_Shown->Back);
+        m_Shown->Back->Base.SetFocus();
+    });
+    gui::Key(VK_SHIFT, false);
+    gui::Type(VK_SPACE);
+    gui::Key(VK_SHIFT, true);
+    EXPECT_EQ(LogOf(7), (Events{"KeyDown 16", "KeyDown 32", "KeyPress 32", "Click", "MouseUp 1", "KeyUp 32",
+                                "KeyUp 16"}));
+}
+
 TEST_F(Button, OtherKeysAreOnlyTold) {
     m_Ui.Run([&] {
         m_Shown->Record(*m_Shown->Back);

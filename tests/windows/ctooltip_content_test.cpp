@@ -160,6 +160,26 @@ TEST_F(ToolTip, HighContrastTakesTheSystemsPairOfColours) {
     EXPECT_EQ(RGB(200, 210, 220), static_cast<COLORREF>(Ask(TTM_GETTIPBKCOLOR)));
 }
 
+bool NowHighContrast = false;
+
+// Windows that lie on top hear of a change before the forms do.
+TEST_F(ToolTip, HighContrastIsFollowedBeforeAnyFormHasHeardOfIt) {
+    Create();
+    On([this] {
+        m_Tip->BackCol(RGB(200, 210, 220));
+        Theme::ReplaceHighContrast([] { return NowHighContrast; });
+        Theme::SettingsChanged();
+        NowHighContrast = true;
+        SendMessageW(m_Tip->hWnd(), WM_SETTINGCHANGE, 0, 0);
+    });
+    EXPECT_EQ(GetSysColor(COLOR_INFOBK), static_cast<DWORD>(Ask(TTM_GETTIPBKCOLOR)));
+    On([] {
+        Theme::ReplaceHighContrast(nullptr);
+        Theme::SettingsChanged();
+        NowHighContrast = false;
+    });
+}
+
 TEST_F(ToolTip, TimesAreTheGivenOnesOrTheSystems) {
     Create(u"Text", u"", -1);
     const LRESULT usualInitial = Ask(TTM_GETDELAYTIME, TTDT_INITIAL);

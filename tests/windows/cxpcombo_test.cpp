@@ -120,6 +120,19 @@ TEST_F(Skins, ADroppedListKeepsTheHotFrame) {
     EXPECT_TRUE(gui::WaitUntil([&] { return Shown() == Drawn({.Hot = true, .Focused = true}); }));
 }
 
+TEST_F(Skins, AWindowThatComesOverTheComboCoolsIt) {
+    Hover();
+    HWND cover = nullptr;
+    m_Ui.Run([&] {
+        RECT place{};
+        GetWindowRect(Combo(), &place);
+        cover = gui::MakeWindow(nullptr, place);
+        SetWindowPos(cover, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    });
+    EXPECT_TRUE(gui::WaitUntil([&] { return Shown() == Drawn({}); }));
+    m_Ui.Run([&] { DestroyWindow(cover); });
+}
+
 TEST_F(Skins, ColoursAndArrowFollowTheirProperties) {
     m_Ui.Run([&] {
         cXPCombo& skin = m_Shown->SkinOfPlain;

@@ -83,6 +83,26 @@ TEST_F(Lists, MouseEnterAndLeaveComeOnce) {
     EXPECT_EQ(On([&] { return Files().HoveredRow(); }), -1);
 }
 
+// No move of the mouse and no message of the system tells of it.
+TEST_F(Lists, AWindowThatComesOverTheListEndsTheHover) {
+    Fill(Files(), 5);
+    Listen(Files());
+    gui::MoveTo(RowPoint(Files(), 2));
+    ASSERT_TRUE(Becomes([&] { return Files().HoveredRow() == 2; }));
+    HWND cover = nullptr;
+    m_Ui.Run([&] {
+        RECT place{};
+        GetWindowRect(Files().Base.hWnd(), &place);
+        cover = gui::MakeWindow(nullptr, place);
+        SetWindowPos(cover, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    });
+    EXPECT_TRUE(Hears("Enter Leave "));
+    EXPECT_EQ(On([&] { return Files().HoveredRow(); }), -1);
+    m_Ui.Run([&] { DestroyWindow(cover); });
+    gui::MoveTo(RowPoint(Files(), 1));
+    EXPECT_TRUE(Hears("Enter Leave Enter "));
+}
+
 TEST_F(Lists, EventsCarryTwips) {
     Fill(Files(), 2);
     POINT at{};
