@@ -93,6 +93,7 @@ bool Toggle::OnInput(UINT message, WPARAM wParam, LPARAM lParam, const std::func
         if (wParam != VK_SPACE) return false;
         SetHeld(m_MouseHeld, true);
         return true;
+    case WM_SYSKEYUP: // released while Alt is held
     case WM_KEYUP: {
         if (wParam != VK_SPACE) return false;
         const bool pressed = m_SpaceHeld;

@@ -233,7 +233,7 @@ TEST_F(Fields, TheFieldsBorderFollowsFocusStateAndDpi) {
         };
         const int hair = dpi < 192 ? 1 : 2, two = (2 * dpi + 48) / 96;
         const gui::Pixels idle = border(form.Inside);
-        EXPECT_EQ(idle.Width, ToPixels(3750, dpi) - ToPixels(1500, dpi));
+        EXPECT_EQ(idle.Width, ToPixels(150 + 3750, dpi) - ToPixels(150 + 1500, dpi));
         EXPECT_EQ(idle.At(0, 0), palette::FieldBorder) << dpi;
         EXPECT_EQ(idle.At(hair - 1, idle.Height / 2), palette::FieldBorder);
         EXPECT_EQ(idle.At(hair, idle.Height / 2), palette::Card);

@@ -194,6 +194,17 @@ TEST_F(Toggle, LosingTheFocusEndsAHeldSpace) {
     EXPECT_EQ(Log(), Events{});
 }
 
+TEST_F(Toggle, ASpaceReleasedUnderAltDoesNotStayPressed) {
+    m_Ui.Run([&] { m_Shown->Ready->Base.SetFocus(); });
+    gui::Key(VK_SPACE, false);
+    ASSERT_TRUE(Becomes([&] { return m_Shown->Ready->State().Pressed; }));
+    gui::Key(VK_MENU, false);
+    gui::Key(VK_SPACE, true);
+    EXPECT_TRUE(Becomes([&] { return !m_Shown->Ready->State().Pressed; }));
+    gui::Key(VK_MENU, true);
+    EXPECT_EQ(Log(), Events{"Ready"});
+}
+
 TEST_F(Toggle, AccessKeysToggle) {
     gui::Key(VK_MENU, false);
     gui::Type('R');
