@@ -79,11 +79,13 @@ inline int LivesOf(const Soaked& kind) {
     return wanted ? std::atoi(wanted) : kind.Lives;
 }
 
-// The system makes some things of its own when it first needs them, which may be at any time. What
-// a life leaves behind comes again with further lives; those do not.
+// What a life leaves behind comes again with further lives. Growth that does not was seen once, by 36
+// objects in 40 forms, and where it came from is not known: so it is looked at a second time, and told.
 inline Held LeftAgainBy(int lives, const std::function<void()>& live) {
     const Held left = LeftBy(lives, live);
-    return left.Objects == 0 && left.Windows == 0 ? left : LeftBy(lives, live);
+    if (left.Objects == 0 && left.Windows == 0) return left;
+    std::cout << "grown by " << left << "; once more" << std::endl;
+    return LeftBy(lives, live);
 }
 
 class Soak : public OnStandingForm, public testing::WithParamInterface<Soaked> {
