@@ -39,21 +39,44 @@ BOOL CALLBACK CountVisibleTop(HWND window, LPARAM count) {
     return TRUE;
 }
 
+// The type of an object in the table: bits 16 to 22 of its handle, as the system numbers them.
+const char* TypeName(int type) {
+    switch (type) {
+    case 0x01:
+        return "contexts";
+    case 0x04:
+        return "regions";
+    case 0x05:
+        return "bitmaps";
+    case 0x08:
+        return "palettes";
+    case 0x0A:
+        return "fonts";
+    case 0x10:
+        return "brushes";
+    case 0x30:
+    case 0x50:
+        return "pens";
+    default:
+        return "others";
+    }
+}
+
 } // namespace
 
-int GdiObjects() {
+std::map<std::string, int> GdiObjects() {
     GdiFlush();
     using CurrentBlock = const std::byte*(WINAPI*)();
     const auto* block = Lookup<CurrentBlock>(L"ntdll.dll", "RtlGetCurrentPeb")();
     const auto* table = *reinterpret_cast<const Entry* const*>(block + kTableAt);
     const auto own = static_cast<std::uint16_t>(GetCurrentProcessId());
-    int count = 0;
+    std::map<std::string, int> counts;
     for (std::size_t i = 0; i < kEntries; ++i) {
         // Windows shares the table among all processes, Wine gives each its own.
         const bool mine = table[i].Process == own || table[i].Process == 0;
-        count += table[i].Type != 0 && mine;
+        if (table[i].Type != 0 && mine) ++counts[TypeName(table[i].Type & 0x7F)];
     }
-    return count;
+    return counts;
 }
 
 int Windows() {
@@ -91,21 +114,31 @@ int Timers() {
 }
 
 std::ostream& operator<<(std::ostream& out, const Held& held) {
-    return out << held.Objects << " drawing objects, " << held.Windows << " windows, " << held.Bytes
-               << " bytes by " << held.Lives << " lives";
+    out << held.Objects << " drawing objects";
+    for (const auto& [type, count] : held.ObjectsOf) out << (count < 0 ? " " : " +") << count << " " << type;
+    return out << ", " << held.Windows << " windows, " << held.Bytes << " bytes by " << held.Lives
+               << " lives";
 }
 
 Held LeftBy(int lives, const std::function<void()>& live) {
     constexpr int kFirst = 20;
     for (int i = 0; i < kFirst; ++i) live();
-    const Held before{GdiObjects(), Windows(), HeapBytes()};
+    const std::map<std::string, int> objects = GdiObjects();
+    const int windows = Windows();
+    const long long bytes = HeapBytes();
     const ULONGLONG minute = GetTickCount64() + 60'000;
     int lived = 0;
     while (lived < lives && (lived < 200 || GetTickCount64() < minute)) {
         live();
         ++lived;
     }
-    return {GdiObjects() - before.Objects, Windows() - before.Windows, HeapBytes() - before.Bytes, lived};
+    // The heap first: the table of the counts lies in it.
+    const long long more = HeapBytes() - bytes;
+    Held left{GdiObjects(), 0, Windows() - windows, more, lived};
+    for (const auto& [type, count] : objects) left.ObjectsOf[type] -= count;
+    std::erase_if(left.ObjectsOf, [](const auto& type) { return type.second == 0; });
+    for (const auto& [type, count] : left.ObjectsOf) left.Objects += count;
+    return left;
 }
 
 } // namespace gui

@@ -2,13 +2,15 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <ostream>
+#include <string>
 
 namespace gui {
 
-// Fonts, bitmaps, brushes, regions, contexts... counted in the process's own table:
-// GetGuiResources answers 0 under Wine.
-int GdiObjects();
+// How many drawing objects of each type: "fonts", "bitmaps", "brushes", "regions"... Counted in the
+// process's own table: GetGuiResources answers 0 under Wine.
+std::map<std::string, int> GdiObjects();
 // All windows of the process, hidden and inner ones and those without a parent included.
 int Windows();
 // What is taken from all heaps of the process.
@@ -17,6 +19,7 @@ long long HeapBytes();
 int Timers();
 
 struct Held {
+    std::map<std::string, int> ObjectsOf; // of each type whose count changed
     int Objects = 0, Windows = 0;
     long long Bytes = 0;
     int Lives = 0; // that have come and gone

@@ -79,8 +79,9 @@ inline int LivesOf(const Soaked& kind) {
     return wanted ? std::atoi(wanted) : kind.Lives;
 }
 
-// What a life leaves behind comes again with further lives. Growth that does not was seen once, by 36
-// objects in 40 forms, and where it came from is not known: so it is looked at a second time, and told.
+// What a life leaves behind comes again with further lives. What the system makes once and keeps does not:
+// the brush of one of its colours, say, when that is first asked for. So growth is looked at a second time,
+// and told. (36 objects were seen once, by 40 forms; of which type is not known.)
 inline Held LeftAgainBy(int lives, const std::function<void()>& live) {
     const Held left = LeftBy(lives, live);
     if (left.Objects == 0 && left.Windows == 0) return left;
