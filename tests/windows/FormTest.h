@@ -3,6 +3,7 @@
 
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
+#include "controls/Dpi.h"
 #include "controls/EventFrame.h"
 #include "controls/Form.h"
 #include "controls/Theme.h"
@@ -50,6 +51,10 @@ protected:
     bool FocusComesTo(const Control& control) {
         return Becomes([&] { return control.HasFocus(); });
     }
+
+    // Pixels of the form for pixels of 96 DPI: the session may have any DPI.
+    int Px(int pixels96) { return Scaled(pixels96, m_Shown->Window.Dpi()); }
+    int Hair() { return HairLine(m_Shown->Window.Dpi()); }
 
     // Sets the form's DPI, as the system does when it comes to another monitor.
     void SetDpi(int dpi) {

@@ -14,7 +14,7 @@ namespace gui {
 // with both gradients. Plain: every property as it comes.
 constexpr std::u16string_view kListLayout =
     u"form\n"
-    u"f\t\tfrmList\tform\t\t\t6000\t6900\tLists\t\tBackColor=FrameTop\n"
+    u"f\t\tfrmList\tform\t\t\t6000\t4230\tLists\t\tBackColor=FrameTop\n"
     u"f\tfrmList\tFiles\tMcListBox\t150\t150\t3705\t2130\t\t1\tAppearance=0; RowHeight=20; ShowIcon=yes; "
     u"ShowHover=yes; IconFocus=no; FullRowSelect=yes; FocusRectangle=yes; AutoHideScrollBars=yes; "
     u"ForeColor=Ink; SelColor=Sel; AccessibleName=Text files\n"
@@ -22,7 +22,7 @@ constexpr std::u16string_view kListLayout =
     u"IconFocus=no; FullRowSelect=yes; FocusRectangle=yes; AutoHideScrollBars=yes; ForeColor=Ink; "
     u"BackGradient=6; BackGradientCol=ListGrad; SelGradient=1; SelColor=Sel; SelGradientCol=SelGrad; "
     u"AccessibleName=Tasks\n"
-    u"f\tfrmList\tPlain\tMcListBox\t150\t4200\t2640\t1680\t\t3\tAccessibleName=Plain\n"
+    u"f\tfrmList\tPlain\tMcListBox\t2940\t2400\t2640\t1680\t\t3\tAccessibleName=Plain\n"
     u"f\tfrmList\tImages\tMcImageList\t0\t0\t0\t0\t\t\tImageCount=2; Images0=task-text; Images1=task-word\n";
 
 struct ListForm {
@@ -54,7 +54,7 @@ protected:
     POINT RowPoint(McListBox& list, int row) {
         return On([&] {
             const int height = list.RowPlace(list.TopRow()).bottom;
-            return ToScreen(list.Base.hWnd(), 60, (row - list.TopRow()) * height + height / 2);
+            return ToScreen(list.Base.hWnd(), Px(60), (row - list.TopRow()) * height + height / 2);
         });
     }
     // Everything that is still to be painted.

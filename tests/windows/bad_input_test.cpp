@@ -115,6 +115,7 @@ TEST_P(FormGoesIn, ItsOwnEvent) {
         BadForm& form = *m_Shown;
         const auto go = [&] { form.Owned.reset(); };
         const HWND window = form.Window.Base.hWnd();
+        const int other = 2 * form.Window.Dpi();
         switch (GetParam()) {
         case 0:
             form.Window.MouseDown = [&](int, int, int, int) { go(); };
@@ -130,11 +131,11 @@ TEST_P(FormGoesIn, ItsOwnEvent) {
             break;
         case 3:
             form.Window.Resize = go; // which comes inside the change of DPI
-            SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(144, 144), 0);
+            SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(other, other), 0);
             break;
         default:
             form.Window.DpiChanged = go;
-            SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(144, 144), 0);
+            SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(other, other), 0);
             break;
         }
         EXPECT_EQ(form.Owned, nullptr);

@@ -105,8 +105,8 @@ TEST_F(Button, ASideBelowTenPixelsIsSetBack) {
         plain.Base.Move(0, 0, 150, 150);
         RECT client;
         GetClientRect(plain.Base.hWnd(), &client);
-        EXPECT_EQ(client.right, 10);
-        EXPECT_EQ(client.bottom, 10);
+        EXPECT_EQ(client.right, Px(10));
+        EXPECT_EQ(client.bottom, Px(10));
     });
 }
 

@@ -190,17 +190,26 @@ TEST_F(ButtonStates, TheStyle3WindowHasItsCornersCut) {
             return rows;
         });
     };
-    const auto expect = [&](std::initializer_list<RECT> wanted) {
+    // Each row cut on both sides by 2 and 1 pixels of 96 DPI.
+    const auto expect = [&](int wide, int high) {
+        m_Ui.Run([&] { m_Shown->Back->Base.Move(150, 150, wide, high); });
+        const RECT place = ToPixels(150, 150, wide, high, m_Shown->Window.Dpi());
+        const LONG width = WidthOf(place), height = HeightOf(place), one = Px(1), two = Px(2);
+        const RECT wanted[] = {{two, 0, width - two, one},
+                               {one, one, width - one, two},
+                               {0, two, width, height - two},
+                               {one, height - two, width - one, height - one},
+                               {two, height - one, width - two, height}};
         const std::vector<RECT> rows = shape();
-        ASSERT_EQ(rows.size(), wanted.size());
+        ASSERT_EQ(rows.size(), std::size(wanted));
         for (std::size_t i = 0; i < rows.size(); ++i)
-            EXPECT_TRUE(EqualRect(&rows[i], wanted.begin() + i)) << i;
+            EXPECT_TRUE(EqualRect(&rows[i], &wanted[i])) << i << " of " << width;
     };
-    expect({{2, 0, 98, 1}, {1, 1, 99, 2}, {0, 2, 100, 28}, {1, 28, 99, 29}, {2, 29, 98, 30}});
-    m_Ui.Run([&] { m_Shown->Back->Base.Move(150, 150, 750, 300); }); // rebuilt on each resize
-    expect({{2, 0, 48, 1}, {1, 1, 49, 2}, {0, 2, 50, 18}, {1, 18, 49, 19}, {2, 19, 48, 20}});
-    SetDpi(192);
-    expect({{4, 0, 96, 2}, {2, 2, 98, 4}, {0, 4, 100, 36}, {2, 36, 98, 38}, {4, 38, 96, 40}});
+    for (const int dpi : {m_Shown->Window.Dpi(), 96, 192}) {
+        SetDpi(dpi);
+        expect(1500, 450);
+        expect(750, 300); // rebuilt on each resize
+    }
     m_Ui.Run([&] { m_Shown->Back->ButtonStyle(kStyleFlat); });
     EXPECT_TRUE(shape().empty());
     m_Ui.Run([&] { m_Shown->Back->ButtonStyle(kStyleXP); });

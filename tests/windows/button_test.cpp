@@ -91,7 +91,10 @@ TEST_F(Button, ADoubleClickIsTwoPresses) {
     EXPECT_EQ(LogOf(6), (Events{"MouseDown", "Click", "MouseUp 1", "MouseDown", "Click", "MouseUp 1"}));
     ASSERT_EQ(places.size(), 2u);
     EXPECT_EQ(places[0], places[1]);
-    EXPECT_EQ(places[0], (std::pair{50 * 15, 15 * 15})); // twips
+    POINT middle = gui::CentreOf(back.Base.hWnd());
+    ScreenToClient(back.Base.hWnd(), &middle);
+    const LONG dpi = m_Shown->Window.Dpi();
+    EXPECT_EQ(places[0], (std::pair<int, int>{middle.x * 1440 / dpi, middle.y * 1440 / dpi})); // twips
 }
 
 TEST_F(Button, ASpaceHeldPressesOnceAndItsReleaseClicks) {
@@ -236,7 +239,7 @@ TEST_F(Button, DisablingItUnderThePressEndsPressAndHover) {
 TEST_F(Button, APressElsewhereDoesNotClickHere) {
     TavrelButton& back = *m_Shown->Back;
     m_Ui.Run([&] { m_Shown->Record(back); });
-    gui::MoveTo(gui::ToScreen(m_Shown->Window.Base.hWnd(), 390, 290));
+    gui::MoveTo(gui::ToScreen(m_Shown->Window.Base.hWnd(), Px(390), Px(290)));
     gui::Press(MOUSEEVENTF_LEFTDOWN);
     Enter(back);
     ASSERT_TRUE(Logged("MouseMove")); // pending events have run
@@ -247,10 +250,16 @@ TEST_F(Button, APressElsewhereDoesNotClickHere) {
 
 TEST_F(Button, LosingTheMouseToAnotherEndsThePress) {
     TavrelButton& back = *m_Shown->Back;
-    m_Ui.Run([&] { back.MouseDown = [](int, int, int, int) { ReleaseCapture(); }; });
+    bool lost = false;
+    m_Ui.Run([&] {
+        back.MouseDown = [&](int, int, int, int) {
+            ReleaseCapture();
+            lost = true;
+        };
+    });
     Enter(back);
     gui::Press(MOUSEEVENTF_LEFTDOWN);
-    ASSERT_TRUE(FocusComesTo(back.Base));
+    ASSERT_TRUE(Becomes([&] { return lost; }));
     EXPECT_FALSE(On([&] { return back.State().Pressed; }));
     m_Ui.Run([&] { m_Shown->Record(back); });
     gui::Press(MOUSEEVENTF_LEFTUP);

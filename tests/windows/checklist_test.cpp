@@ -44,7 +44,7 @@ class Checks : public gui::FormTest<ChecksForm> {
 protected:
     using Told = std::vector<std::string>;
     HWND List() { return m_Shown->Fields.Base.hWnd(); }
-    POINT At(int row, int x = 60) { return gui::ToScreen(List(), x, row * 20 + 10); }
+    POINT At(int row, int x = 60) { return gui::ToScreen(List(), Px(x), Px(row * 20 + 10)); }
     void FillTo(int count) {
         m_Ui.Run([&] {
             while (m_Shown->Fields.ListCount() < count)
@@ -360,7 +360,7 @@ TEST_F(Checks, ScreenReadersGetRowsAndTheirTicks) {
     EXPECT_TRUE(row.State & STATE_SYSTEM_CHECKED);
     EXPECT_TRUE(row.State & STATE_SYSTEM_FOCUSED);
     EXPECT_EQ(row.DefaultAction, u"Uncheck");
-    EXPECT_EQ(row.Place.bottom - row.Place.top, 20);
+    EXPECT_EQ(row.Place.bottom - row.Place.top, Px(20));
     EXPECT_FALSE(Said(m_Shown->Fields.Base, 1).State & STATE_SYSTEM_CHECKED);
     // As by the mouse: with Click.
     m_Ui.Run([&] { EXPECT_EQ(gui::DoDefault(List(), 3), S_OK); });

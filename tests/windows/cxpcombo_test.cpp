@@ -42,6 +42,18 @@ struct SkinsForm {
 
 class Skins : public gui::FormTest<SkinsForm> {
 protected:
+    // The field of the arrow, without the frame and the line in front of it.
+    RECT ArrowField() {
+        const RECT inside = Inset({0, 0, WidthOf(Place()), HeightOf(Place())}, Hair());
+        return {inside.right - Px(17), inside.top, inside.right, inside.bottom};
+    }
+    RECT Place() { return ToPixels(150, 900, 1650, 360, m_Shown->Window.Dpi()); }
+    // Of an arrow nine pixels wide at its top, one at its tip.
+    int ArrowPixels() {
+        int sum = 0;
+        for (int row = 0; row < Px(5); ++row) sum += 2 * row + 1;
+        return sum;
+    }
     HWND Combo() { return m_Shown->Plain.Base.hWnd(); }
     gui::Pixels Shown() {
         return On([&] { return gui::ClientOf(Combo()); });
@@ -82,35 +94,39 @@ TEST_F(Skins, EachStateByInputIsAsDrawn) {
 
 TEST_F(Skins, FrameAndArrowAreThoseOfTheDesign) {
     gui::Pixels idle = Shown();
-    ASSERT_EQ(idle.Width, 110);
-    ASSERT_EQ(idle.Height, 24);
+    ASSERT_EQ(idle.Width, WidthOf(Place()));
+    ASSERT_EQ(idle.Height, HeightOf(Place()));
+    const RECT field = ArrowField();
+    const int hair = Hair();
     EXPECT_EQ(idle.At(0, 0), palette::FieldBorder);
-    EXPECT_EQ(idle.At(1, 1), palette::Card);
-    EXPECT_EQ(idle.At(91, 5), palette::Line);
-    EXPECT_EQ(idle.At(92, 5), palette::ArrowField);
-    EXPECT_EQ(idle.At(108, 5), palette::ArrowField);
-    EXPECT_EQ(idle.At(109, 5), palette::FieldBorder);
-    // Nine pixels wide at its top, one at its tip, five rows.
-    const RECT field{92, 1, 109, 23};
-    EXPECT_EQ(idle.Count(palette::Ink, field), 9 + 7 + 5 + 3 + 1);
-    EXPECT_EQ(idle.At(97, 9), palette::Ink);
-    EXPECT_EQ(idle.At(105, 9), palette::Ink);
-    EXPECT_EQ(idle.At(101, 13), palette::Ink);
+    EXPECT_EQ(idle.At(hair - 1, Px(5)), palette::FieldBorder);
+    EXPECT_EQ(idle.At(hair, hair), palette::Card);
+    EXPECT_EQ(idle.At(field.left - hair - 1, Px(5)), palette::Card);
+    EXPECT_EQ(idle.At(field.left - hair, Px(5)), palette::Line);
+    EXPECT_EQ(idle.At(field.left - 1, Px(5)), palette::Line);
+    EXPECT_EQ(idle.At(field.left, Px(5)), palette::ArrowField);
+    EXPECT_EQ(idle.At(field.right - 1, Px(5)), palette::ArrowField);
+    EXPECT_EQ(idle.At(field.right, Px(5)), palette::FieldBorder);
+    EXPECT_EQ(idle.Count(palette::Ink, field), ArrowPixels());
+    const LONG middle = (field.left + idle.Width) / 2, reach = Px(5) - 1, top = (idle.Height - Px(5)) / 2;
+    EXPECT_EQ(idle.At(middle - reach, top), palette::Ink);
+    EXPECT_EQ(idle.At(middle + reach, top), palette::Ink);
+    EXPECT_EQ(idle.At(middle, top + reach), palette::Ink);
     Hover();
-    EXPECT_EQ(Shown().At(0, 5), palette::Brand);
+    EXPECT_EQ(Shown().At(0, Px(5)), palette::Brand);
     m_Ui.Run([&] { m_Shown->Plain.Base.SetFocus(); });
     const gui::Pixels focused = Shown(); // the focus wins over the mouse
-    EXPECT_EQ(focused.At(1, 5), palette::FocusNeutral);
-    EXPECT_EQ(focused.At(2, 5), palette::Card);
+    EXPECT_EQ(focused.At(Px(2) - 1, Px(5)), palette::FocusNeutral);
+    EXPECT_EQ(focused.At(Px(2), Px(5)), palette::Card);
     m_Ui.Run([&] { m_Shown->Plain.Base.Enabled(false); });
     const gui::Pixels disabled = Shown();
-    EXPECT_EQ(disabled.At(0, 5), palette::Line);
+    EXPECT_EQ(disabled.At(0, Px(5)), palette::Line);
     EXPECT_EQ(disabled.At(3, 3), palette::DisabledGround);
-    EXPECT_EQ(disabled.Count(palette::DisabledArrow, field), 25);
+    EXPECT_EQ(disabled.Count(palette::DisabledArrow, field), ArrowPixels());
 }
 
 TEST_F(Skins, ADroppedListKeepsTheHotFrame) {
-    gui::Click(gui::ToScreen(Combo(), 100, 12));
+    gui::Click(gui::ToScreen(Combo(), Px(100), Px(12)));
     EXPECT_TRUE(Becomes([&] { return SendMessageW(Combo(), CB_GETDROPPEDSTATE, 0, 0) != 0; }));
     EXPECT_TRUE(Shown() == Drawn({.Hot = true, .Focused = true}));
     gui::Type(VK_DOWN);
@@ -147,11 +163,11 @@ TEST_F(Skins, ColoursAndArrowFollowTheirProperties) {
         skin.ArrowDisabledColor(RGB(16, 17, 18));
         EXPECT_EQ(skin.FrameColorDiss(), static_cast<OleColour>(RGB(7, 8, 9)));
     });
-    const RECT field{92, 1, 109, 23};
+    const RECT field = ArrowField();
     gui::Pixels shown = Shown();
     EXPECT_EQ(shown.At(0, 0), RGB(1, 2, 3));
     EXPECT_EQ(shown.At(2, 2), RGB(10, 11, 12));
-    EXPECT_EQ(shown.Count(RGB(13, 14, 15), field), 25);
+    EXPECT_EQ(shown.Count(RGB(13, 14, 15), field), ArrowPixels());
     gui::MoveTo(gui::CentreOf(Combo()));
     EXPECT_TRUE(gui::WaitUntil([&] { return Shown().At(0, 0) == RGB(4, 5, 6); }));
     m_Ui.Run([&] { m_Shown->SkinOfPlain.ShowArrow(false); });
@@ -162,7 +178,7 @@ TEST_F(Skins, ColoursAndArrowFollowTheirProperties) {
     });
     shown = Shown();
     EXPECT_EQ(shown.At(0, 0), RGB(7, 8, 9));
-    EXPECT_EQ(shown.Count(RGB(16, 17, 18), field), 25);
+    EXPECT_EQ(shown.Count(RGB(16, 17, 18), field), ArrowPixels());
     m_Ui.Run([&] {
         m_Shown->Plain.Base.Enabled(true);
         modXPCombo::ApplySkin(m_Shown->SkinOfPlain, m_Shown->Plain.Base); // the whole set again
@@ -173,21 +189,24 @@ TEST_F(Skins, ColoursAndArrowFollowTheirProperties) {
 
 TEST_F(Skins, UnderHighContrastTheSystemsColoursRule) {
     SetHighContrast(true);
+    const RECT field = ArrowField();
     gui::Pixels shown = Shown();
+    const POINT arrow{(field.left + shown.Width) / 2, shown.Height / 2};
     EXPECT_EQ(shown.At(0, 0), GetSysColor(COLOR_WINDOWTEXT));
     EXPECT_EQ(shown.At(2, 2), GetSysColor(COLOR_WINDOW));
-    EXPECT_EQ(shown.At(91, 9), GetSysColor(COLOR_WINDOWTEXT));
-    EXPECT_EQ(shown.At(100, 9), GetSysColor(COLOR_WINDOWTEXT));
+    EXPECT_EQ(shown.At(field.left - 1, Px(9)), GetSysColor(COLOR_WINDOWTEXT));
+    EXPECT_EQ(shown.At(field.left, Px(9)), GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(shown.At(arrow.x, arrow.y), GetSysColor(COLOR_WINDOWTEXT));
     Hover(); // a hair line, divider included
     shown = Shown();
-    EXPECT_EQ(shown.At(0, 5), GetSysColor(COLOR_HIGHLIGHT));
-    EXPECT_EQ(shown.At(1, 5), GetSysColor(COLOR_WINDOW));
-    EXPECT_EQ(shown.At(91, 5), GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(shown.At(Hair() - 1, Px(5)), GetSysColor(COLOR_HIGHLIGHT));
+    EXPECT_EQ(shown.At(Hair(), Px(5)), GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(shown.At(field.left - 1, Px(5)), GetSysColor(COLOR_HIGHLIGHT));
     m_Ui.Run([&] { m_Shown->Plain.Base.SetFocus(); });
-    EXPECT_EQ(Shown().At(1, 5), GetSysColor(COLOR_HIGHLIGHT)); // two pixels
-    EXPECT_EQ(Shown().At(2, 5), GetSysColor(COLOR_WINDOW));
+    EXPECT_EQ(Shown().At(Px(2) - 1, Px(5)), GetSysColor(COLOR_HIGHLIGHT)); // two pixels
+    EXPECT_EQ(Shown().At(Px(2), Px(5)), GetSysColor(COLOR_WINDOW));
     m_Ui.Run([&] { m_Shown->Plain.Base.Enabled(false); });
-    EXPECT_EQ(Shown().At(100, 9), GetSysColor(COLOR_GRAYTEXT));
+    EXPECT_EQ(Shown().At(arrow.x, arrow.y), GetSysColor(COLOR_GRAYTEXT));
     SetHighContrast(false);
     EXPECT_TRUE(Shown() == Drawn({.Enabled = false}));
 }

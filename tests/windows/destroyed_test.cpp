@@ -65,17 +65,17 @@ protected:
         COMBOBOXINFO about{};
         about.cbSize = sizeof about;
         m_Ui.Run([&] { GetComboBoxInfo(combo, &about); });
-        gui::Click(gui::ToScreen(about.hwndList, 20, 10));
+        gui::Click(gui::ToScreen(about.hwndList, Px(20), Px(10)));
     };
     const Cause m_PressTitle = [](gui::EveryForm& form) { ClickOn(form.Title->Base); };
     const Cause m_PressImage = [](gui::EveryForm& form) { ClickOn(form.Image->Base); };
     const Cause m_LetTick = [this](gui::EveryForm& form) { m_Ui.Run([&] { form.Clock->Enabled(true); }); };
-    const Cause m_PressForm = [](gui::EveryForm& form) {
-        gui::Click(gui::ToScreen(form.Window.Base.hWnd(), 590, 390));
+    const Cause m_PressForm = [this](gui::EveryForm& form) {
+        gui::Click(gui::ToScreen(form.Window.Base.hWnd(), Px(590), Px(390)));
     };
     const Cause m_Widen = [this](gui::EveryForm& form) { m_Ui.Run([&] { form.Window.Base.Width(8000); }); };
     const Cause m_Close = [](gui::EveryForm& form) { SendMessageW(form.Window.Base.hWnd(), WM_CLOSE, 0, 0); };
-    const Cause m_Scale = [this](gui::EveryForm&) { SetDpi(144); };
+    const Cause m_Scale = [this](gui::EveryForm& form) { SetDpi(form.Window.Dpi() * 3 / 2); };
     const Cause m_PressGo = [](gui::EveryForm& form) { ClickOn(form.Go->Base); };
     const Cause m_ChooseRow = [this](gui::EveryForm& form) {
         Focus(form.Rows.Base);

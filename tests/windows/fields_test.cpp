@@ -289,8 +289,8 @@ TEST_F(Fields, ALabelStandsOnItsContainersGround) {
     const gui::Pixels form1 = On([&] { return gui::ClientOf(form.Window.Base.hWnd()); });
     const gui::Pixels onForm = On([&] { return gui::ClientOf(form.LabelSuffix.Base.hWnd()); });
     for (int y = 0; y < onForm.Height; ++y)
-        EXPECT_EQ(onForm.At(onForm.Width - 1, y), form1.At(10 + onForm.Width - 1, 10 + y));
-    EXPECT_NE(form1.At(10, 10), form1.At(10, 280));
+        EXPECT_EQ(onForm.At(onForm.Width - 1, y), form1.At(Px(10) + onForm.Width - 1, Px(10) + y));
+    EXPECT_NE(form1.At(Px(10), Px(10)), form1.At(Px(10), Px(280)));
 }
 
 TEST_F(Fields, LabelsTakeAnyCaption) {

@@ -85,7 +85,7 @@ protected:
         Dragger source;
         std::atomic<bool> done = false;
         const HWND form = m_Shown->Window.Base.hWnd();
-        gui::MoveTo(gui::ToScreen(form, 350, 10));
+        gui::MoveTo(gui::ToScreen(form, Px(350), Px(10)));
         gui::Press(MOUSEEVENTF_LEFTDOWN);
         EXPECT_TRUE(Becomes([] { return GetKeyState(VK_LBUTTON) < 0; }));
         m_Ui.Post([&] {
@@ -107,7 +107,7 @@ protected:
                 return source.Offered != kNotYet;
             });
         };
-        EXPECT_TRUE(moves(gui::ToScreen(form, 350, 10)));
+        EXPECT_TRUE(moves(gui::ToScreen(form, Px(350), Px(10))));
         EXPECT_TRUE(moves(m_Over));
         EXPECT_TRUE(moves(m_Over));
         gui::MoveTo(m_Over);
@@ -118,7 +118,7 @@ protected:
     }
     void SetUp() override {
         Lists::SetUp();
-        m_Over = On([&] { return gui::ToScreen(Files().Base.hWnd(), 40, 20); });
+        m_Over = On([&] { return gui::ToScreen(Files().Base.hWnd(), Px(40), Px(20)); });
     }
     POINT m_Over{};
     std::atomic<DWORD> m_Effect{0};
@@ -147,8 +147,8 @@ TEST_F(Drops, FilesArriveInTheirOrderAndAsACopy) {
     EXPECT_EQ(m_Effect, static_cast<DWORD>(DROPEFFECT_COPY));
     EXPECT_EQ(button, 1);
     EXPECT_EQ(shift, 0);
-    EXPECT_EQ(at.x, 600);
-    EXPECT_EQ(at.y, 300);
+    EXPECT_EQ(at.x, 40 * 15);
+    EXPECT_EQ(at.y, 20 * 15);
 }
 
 TEST_F(Drops, WhatIsNoFileIsTurnedAway) {

@@ -131,7 +131,7 @@ TEST_F(Lists, ArrowsHomeEndAndPagesSelectAndClick) {
         EXPECT_EQ(On([&] { return Files().ListIndex(); }), step.Row) << step.Key;
         EXPECT_TRUE(On([&] {
             const RECT place = Files().RowPlace(step.Row);
-            return HeightOf(place) == 20;
+            return HeightOf(place) == Px(20);
         })) << step.Key;
     }
     // At the end of the way nothing is selected anew.

@@ -110,16 +110,21 @@ TEST_F(ListLook, HighContrastUsesTheSystemsColours) {
     m_Ui.Run([&] {
         const gui::Pixels shown = gui::WindowOf(Tasks().Base.hWnd());
         EXPECT_EQ(shown.At(0, 0), GetSysColor(COLOR_WINDOWTEXT));
-        EXPECT_EQ(shown.At(174, 1), GetSysColor(COLOR_WINDOW));
-        EXPECT_EQ(shown.At(174, 110), GetSysColor(COLOR_WINDOW));
-        EXPECT_EQ(shown.At(25, 23), GetSysColor(COLOR_HIGHLIGHT));
-        EXPECT_EQ(shown.At(174, 44), GetSysColor(COLOR_HIGHLIGHT));
-        EXPECT_EQ(shown.At(26, 24), GetSysColor(COLOR_HIGHLIGHTTEXT)); // the focus
-        EXPECT_EQ(shown.At(25, 45), GetSysColor(COLOR_WINDOW));        // no hover
-        EXPECT_EQ(shown.At(4, 26), RGB(255, 255, 255));                // the picture's plate
+        const int hair = Hair(), left = hair + Px(24), right = shown.Width - hair - 1;
+        const int first = hair + Px(22), last = hair + Px(44) - 1; // of the row
+        EXPECT_EQ(shown.At(right, hair), GetSysColor(COLOR_WINDOW));
+        EXPECT_EQ(shown.At(right, shown.Height - hair - 1), GetSysColor(COLOR_WINDOW));
+        EXPECT_EQ(shown.At(left, first), GetSysColor(COLOR_HIGHLIGHT));
+        EXPECT_EQ(shown.At(right, last), GetSysColor(COLOR_HIGHLIGHT));
+        EXPECT_EQ(shown.At(left + hair, first + hair), GetSysColor(COLOR_HIGHLIGHTTEXT)); // the focus
+        EXPECT_EQ(shown.At(left, last + 1), GetSysColor(COLOR_WINDOW));                   // no hover
+        EXPECT_EQ(shown.At(hair + Px(3), first + Px(3)), RGB(255, 255, 255)); // the picture's plate
     });
     SetHighContrast(false);
-    m_Ui.Run([&] { EXPECT_EQ(gui::WindowOf(Tasks().Base.hWnd()).At(25, 23), palette::SelGrad); });
+    m_Ui.Run([&] {
+        const gui::Pixels shown = gui::WindowOf(Tasks().Base.hWnd());
+        EXPECT_EQ(shown.At(Hair() + Px(24), Hair() + Px(22)), palette::SelGrad);
+    });
 }
 
 TEST_F(ListLook, HoveringPaintsOnceAndWithoutErasing) {
@@ -152,7 +157,7 @@ TEST_F(ListLook, AFontOfItsOwnMakesHigherRows) {
         font.Size = 24;
         Tasks().Base.Font(font);
         EXPECT_EQ(HeightOf(Tasks().RowPlace(0)), TextSize(Tasks().Base.FontInUse(), u"A").cy);
-        EXPECT_EQ(Tasks().RowHeight(), HeightOf(Tasks().RowPlace(0)));
+        EXPECT_EQ(Tasks().RowHeight(), TextSize(FontHandle(font, 96).Get(), u"A").cy);
         EXPECT_GT(Tasks().RowHeight(), 22);
     });
 }
@@ -161,10 +166,10 @@ TEST_F(ListLook, ASunkenEdgeTakesTwoPixels) {
     m_Ui.Run([&] {
         RECT client;
         GetClientRect(m_Shown->Plain.Base.hWnd(), &client);
-        EXPECT_EQ(client.bottom, 112 - 4);
+        EXPECT_EQ(client.bottom, Px(112) - 4); // the system draws it so at any DPI
         m_Shown->Plain.Appearance(0);
         GetClientRect(m_Shown->Plain.Base.hWnd(), &client);
-        EXPECT_EQ(client.bottom, 112 - 2);
+        EXPECT_EQ(client.bottom, Px(112) - 2 * Hair());
     });
 }
 

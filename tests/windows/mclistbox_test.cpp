@@ -219,7 +219,7 @@ TEST_F(Lists, WhatScreenReadersAreTold) {
     EXPECT_EQ(row.State & (STATE_SYSTEM_SELECTED | STATE_SYSTEM_FOCUSED | STATE_SYSTEM_SELECTABLE),
               STATE_SYSTEM_SELECTED | STATE_SYSTEM_FOCUSED | STATE_SYSTEM_SELECTABLE);
     EXPECT_EQ(row.DefaultAction, u"Select");
-    EXPECT_EQ(row.Place.bottom - row.Place.top, 20);
+    EXPECT_EQ(row.Place.bottom - row.Place.top, Px(20));
     const gui::Spoken other = Said(Files().Base, 1);
     EXPECT_FALSE(other.State & STATE_SYSTEM_SELECTED);
     EXPECT_TRUE(Said(Files().Base, 30).State & STATE_SYSTEM_OFFSCREEN);

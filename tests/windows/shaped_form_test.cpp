@@ -1,4 +1,5 @@
 // A shaped form: its region at every DPI, its outline, its ground.
+#include "controls/Dpi.h"
 #include "controls/Label.h"
 #include "controls/Painting.h"
 #include "windows/FormTest.h"
@@ -52,7 +53,7 @@ TEST_F(ShapedFormTest, TheCutCornersBelongToWhatLiesBehind) {
     RECT place;
     GetWindowRect(window, &place);
     EXPECT_NE(WindowFromPoint({place.left + 2, place.top + 2}), window);
-    EXPECT_EQ(WindowFromPoint({place.left + 100, place.top + 100}), window);
+    EXPECT_EQ(WindowFromPoint({place.left + Px(100), place.top + Px(100)}), window);
     SetDpi(192);
     GetWindowRect(window, &place);
     EXPECT_NE(WindowFromPoint({place.left + 8, place.top + 8}), window);
@@ -60,17 +61,17 @@ TEST_F(ShapedFormTest, TheCutCornersBelongToWhatLiesBehind) {
 
 TEST_F(ShapedFormTest, TheOutlineRunsAlongTheRegion) {
     const HWND window = m_Shown->Window.Base.hWnd();
-    const gui::Pixels ground = On([&] { return gui::ClientOf(window); });
-    EXPECT_EQ(ground.At(150, 1), palette::Outline);
-    EXPECT_NE(ground.At(150, 2), palette::Outline);
-    EXPECT_EQ(ground.At(1, 150), palette::Outline);
-    EXPECT_EQ(ground.At(20, 150), palette::Brand); // what the form painted over the gradient
-    SetDpi(192);
-    const gui::Pixels twice = On([&] { return gui::ClientOf(window); });
-    EXPECT_EQ(twice.At(300, 3), palette::Outline); // two pixels
-    EXPECT_EQ(twice.At(300, 2), palette::Outline);
-    EXPECT_NE(twice.At(300, 4), palette::Outline);
-    EXPECT_EQ(twice.At(40, 300), palette::Brand);
+    for (const int dpi : {m_Shown->Window.Dpi(), 96, 192}) {
+        SetDpi(dpi);
+        const gui::Pixels ground = On([&] { return gui::ClientOf(window); });
+        const RECT box = RegionBox(window);
+        for (int line = 0; line < Hair(); ++line) {
+            EXPECT_EQ(ground.At(Px(150), box.top + line), palette::Outline) << dpi;
+            EXPECT_EQ(ground.At(box.left + line, Px(150)), palette::Outline) << dpi;
+        }
+        EXPECT_NE(ground.At(Px(150), box.top + Hair()), palette::Outline) << dpi;
+        EXPECT_EQ(ground.At(Px(20), Px(150)), palette::Brand) << dpi; // painted over the gradient
+    }
 }
 
 TEST_F(ShapedFormTest, AHandlerThatPaintsTheGroundMayPaintItAnew) {
@@ -90,19 +91,20 @@ TEST_F(ShapedFormTest, AMovedFormKnowsItsPlace) {
     m_Ui.Run([&] {
         Form& form = m_Shown->Window;
         SetWindowPos(form.Base.hWnd(), nullptr, 40, 50, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
-        EXPECT_EQ(form.Base.Left(), 600);
-        EXPECT_EQ(form.Base.Top(), 750);
-        form.Base.Top(form.Base.Top() + 2300); // 153.3 pixels
+        const int dpi = form.Dpi(), left = 40 * 1440 / dpi, top = 50 * 1440 / dpi;
+        EXPECT_EQ(form.Base.Left(), left);
+        EXPECT_EQ(form.Base.Top(), top);
+        form.Base.Top(top + 2300); // 153.3 pixels at 96 DPI
         RECT place;
         GetWindowRect(form.Base.hWnd(), &place);
-        EXPECT_EQ(place.top, 203);
-        EXPECT_EQ(form.Base.Top(), 3050);
+        EXPECT_EQ(place.top, ToPixels(top + 2300, dpi));
+        EXPECT_EQ(form.Base.Top(), top + 2300);
         int resized = 0;
         form.Resize = [&] { ++resized; };
         ShowWindow(form.Base.hWnd(), SW_MINIMIZE);
         ShowWindow(form.Base.hWnd(), SW_RESTORE);
         EXPECT_EQ(resized, 2);
-        EXPECT_EQ(form.Base.Top(), 3050); // an icon's place is not the form's
+        EXPECT_EQ(form.Base.Top(), top + 2300); // an icon's place is not the form's
     });
 }
 

@@ -212,9 +212,9 @@ TEST_F(Tables, RowsAreDrawnAsTheirStateSays) {
 
 TEST_F(Tables, TheHeaderHasItsGradientAndLines) {
     const gui::Pixels drawn = On([&] { return gui::ClientOf(Header()); });
-    EXPECT_EQ(drawn.Height, 24);
+    EXPECT_EQ(drawn.Height, Px(24));
     EXPECT_EQ(drawn.At(2, 0), palette::HeaderTop);
-    EXPECT_EQ(drawn.At(2, 23), palette::FieldBorder);
+    EXPECT_EQ(drawn.At(2, drawn.Height - 1), palette::FieldBorder);
     EXPECT_EQ(drawn.At(drawn.Width / 2 - 1, 10), palette::Line);
     EXPECT_EQ(drawn.At(drawn.Width - 1, 10), palette::Line);
     SetHighContrast(true);
@@ -224,7 +224,7 @@ TEST_F(Tables, TheHeaderHasItsGradientAndLines) {
 TEST_F(Tables, ADisabledHeaderHasNoStrongLines) {
     const auto lines = [&] {
         const gui::Pixels drawn = On([&] { return gui::ClientOf(Header()); });
-        return std::vector{drawn.At(2, 23), drawn.At(drawn.Width / 2 - 1, 10)};
+        return std::vector{drawn.At(2, drawn.Height - 1), drawn.At(drawn.Width / 2 - 1, 10)};
     };
     m_Ui.Run([&] { m_Shown->Table.Base.Enabled(false); });
     EXPECT_EQ(lines(), (std::vector<COLORREF>{palette::Line, palette::Line}));
@@ -255,7 +255,8 @@ TEST_F(Tables, WhatIsShownIsWhatTheRowsDraw) {
             .Widths = {static_cast<int>(client.right / 2), static_cast<int>(client.right - client.right / 2)},
             .Font = m_Shown->Table.Base.FontInUse(),
             .Selected = true,
-            .Focused = true};
+            .Focused = true,
+            .Dpi = m_Shown->Window.Dpi()};
         return gui::Drawn(shown.Width, shown.Height, [&](HDC dc) { DrawTableRow(dc, row, state); });
     });
     for (int y = row.top; y < row.bottom; ++y) {
@@ -307,7 +308,7 @@ TEST_F(Tables, ScreenReadersGetRowsWithBothColumns) {
     EXPECT_EQ(row.Role, ROLE_SYSTEM_LISTITEM);
     EXPECT_TRUE(row.State & STATE_SYSTEM_SELECTED);
     EXPECT_TRUE(row.State & STATE_SYSTEM_FOCUSED);
-    EXPECT_EQ(row.Place.bottom - row.Place.top, 20);
+    EXPECT_EQ(row.Place.bottom - row.Place.top, Px(20));
     EXPECT_FALSE(Said(m_Shown->Table.Base, 1).State & STATE_SYSTEM_SELECTED);
     m_Ui.Run([&] {
         EXPECT_EQ(gui::DoDefault(List(), 1), S_OK);
@@ -330,7 +331,7 @@ TEST_F(Tables, ScreenReadersGetTheColumnsOfTheHeader) {
     EXPECT_EQ(header.Role, ROLE_SYSTEM_LIST);
     EXPECT_EQ(header.Children, 2);
     EXPECT_EQ(header.Focus, -1);
-    EXPECT_EQ(header.Place.bottom - header.Place.top, 24);
+    EXPECT_EQ(header.Place.bottom - header.Place.top, Px(24));
     EXPECT_EQ(first.Name, u"Old Font");
     EXPECT_EQ(second.Name, u"New Font");
     EXPECT_EQ(second.Role, ROLE_SYSTEM_COLUMNHEADER);
@@ -360,14 +361,16 @@ TEST_F(Tables, ItMayBeDestroyedInsideItsOwnEvents) {
     };
     for (const int event : {0, 1, 2}) {
         std::unique_ptr<Own> own;
+        int dpi = 0;
         m_Ui.Run([&] {
             own = std::make_unique<Own>();
+            dpi = own->Window.Dpi();
             if (event == 0) own->Table->MouseDown = [&](int, int, int, int) { own->Table.reset(); };
             if (event == 1) own->Table->SelChange = [&] { own->Table.reset(); };
             if (event == 2) own->Table->Click = [&] { own->Table.reset(); };
         });
         ASSERT_TRUE(gui::Activate(own->Window.Base.hWnd()));
-        gui::Click(gui::ToScreen(own->Table->Base.hWnd(), 20, 34));
+        gui::Click(gui::ToScreen(own->Table->Base.hWnd(), dpi * 20 / 96, dpi * 34 / 96));
         EXPECT_TRUE(Becomes([&] { return !own->Table; })) << event;
         m_Ui.Run([&] { own.reset(); });
     }
