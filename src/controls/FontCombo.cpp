@@ -17,7 +17,7 @@ constexpr int kArrowField = 20;              // with its lines
 constexpr int kFieldHeight = 24, kFrame = 2; // of a box in a form, of its focus
 constexpr int kFieldText = 7, kCellText = 6;
 constexpr UINT kChosen = WM_APP + 1, kOpened = WM_APP + 2;
-constexpr UINT kWatched[] = {WM_KEYDOWN, WM_CHAR, WM_GETOBJECT};
+constexpr UINT kWatched[] = {WM_KEYDOWN, WM_SYSKEYDOWN, WM_CHAR, WM_GETOBJECT};
 
 constexpr AccessibleTable kAccessible = ComboField::Accessible<FontCombo>();
 
@@ -250,6 +250,13 @@ LRESULT FontCombo::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam
         const StillThere here(Base);
         Raise(KeyDown, static_cast<int>(wParam), ShiftState());
         if (!here || ends) return 0;
+        break;
+    }
+    case WM_SYSKEYDOWN: {
+        // With Alt, and F10: told, and the system's to act on.
+        const StillThere here(Base);
+        Raise(KeyDown, static_cast<int>(wParam), ShiftState());
+        if (!here) return 0;
         break;
     }
     default:

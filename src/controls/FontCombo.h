@@ -22,8 +22,8 @@ public:
     int ListCount() const { return static_cast<int>(m_Entries.size()); }
     // Empty where there is no such entry.
     std::u16string List(int index) const;
-    // The entry that the text has been taken from; -1 for none. Another index than 0 to
-    // ListCount - 1 is refused without a word; Click is not raised.
+    // The entry that the text has been taken from; -1 for none, which empties the text.
+    // Another index than -1 to ListCount - 1 is refused without a word; Click is not raised.
     int ListIndex() const;
     void ListIndex(int index);
     // The first entry of that text, in whatever case; -1 for none.
@@ -39,8 +39,8 @@ public:
 
     // An entry was chosen from the dropped list, by mouse or Enter, also the same as before.
     std::function<void()> Click;
-    // A key in the text. Enter and Esc come only while the list is closed, and then go
-    // nowhere else.
+    // A key in the text, also with Alt. Enter and Esc come only while the list is closed, and
+    // then go nowhere else.
     std::function<void(int KeyCode, int Shift)> KeyDown;
 
     // ISubclass, for MSubclass only.

@@ -14,6 +14,7 @@ constexpr std::u16string_view kLayout =
     u"f\t\tfrmFonts\tform\t\t\t6000\t6000\tFonts\t\t\n"
     u"f\tfrmFonts\tLabelFont\tlabel\t150\t150\t4740\t300\tDisplay &font:\t\t\n"
     u"f\tfrmFonts\tFonts\tfontcombo\t150\t450\t4740\t360\t\t1\t\n"
+    u"f\tfrmFonts\tLabelOther\tlabel\t150\t900\t4740\t300\t&Other:\t\t\n"
     u"f\tfrmFonts\tOther\ttext\t150\t1200\t2250\t360\t\t2\tAccessibleName=Other\n";
 
 struct FontsForm {
@@ -393,6 +394,48 @@ TEST_F(FontCombos, ItMayBeDestroyedInsideItsOwnEvents) {
         EXPECT_TRUE(Becomes([&] { return !own->Fonts; })) << byKey;
         m_Ui.Run([&] { own.reset(); });
     }
+}
+
+TEST_F(FontCombos, KeysWithAltAreToldAndStillDoTheirWork) {
+    std::vector<std::pair<int, int>> told;
+    m_Ui.Run([&] {
+        m_Shown->Fonts.Text(u"SutonnyMJ");
+        m_Shown->Fonts.KeyDown = [&](int key, int shift) { told.emplace_back(key, shift); };
+        m_Shown->Fonts.Base.SetFocus();
+    });
+    gui::Key(VK_MENU, false);
+    gui::Type(VK_DOWN);
+    EXPECT_TRUE(gui::WaitUntil([&] { return Dropped(); }));
+    gui::Type(VK_UP);
+    EXPECT_TRUE(gui::WaitUntil([&] { return !Dropped(); }));
+    gui::Type('O'); // the access key of the box below
+    gui::Key(VK_MENU, true);
+    EXPECT_TRUE(FocusComesTo(m_Shown->Other.Base));
+    using Keys = std::vector<std::pair<int, int>>;
+    EXPECT_EQ(told, (Keys{{VK_MENU, 4}, {VK_DOWN, 4}, {VK_UP, 4}, {'O', 4}}));
+    EXPECT_EQ(On([&] { return m_Shown->Fonts.Text(); }), u"SutonnyMJ");
+}
+
+TEST_F(FontCombos, ItMayBeDestroyedByAKeyWithAlt) {
+    m_Ui.Run([&] { m_Shown.reset(); });
+    Form window;
+    auto fonts = std::make_unique<FontCombo>();
+    m_Ui.Run([&] {
+        window.Bind(u"Fonts", *fonts)
+            .Create(u"form\nf\t\tfrmOwn\tform\t\t\t6000\t3000\tOwn\t\t\n"
+                    u"f\tfrmOwn\tFonts\tfontcombo\t150\t450\t4740\t360\t\t1\tAccessibleName=F\n");
+        fonts->KeyDown = [&](int key, int) {
+            if (key == VK_DOWN) fonts.reset();
+        };
+        window.Show();
+        fonts->Base.SetFocus();
+    });
+    ASSERT_TRUE(gui::Activate(window.Base.hWnd()));
+    gui::Key(VK_MENU, false);
+    gui::Type(VK_DOWN);
+    gui::Key(VK_MENU, true);
+    EXPECT_TRUE(Becomes([&] { return !fonts; }));
+    m_Ui.Run([&] { window.Unload(); });
 }
 
 } // namespace
