@@ -180,11 +180,11 @@ public:
         return AskedAbout(which, [&](Control& control, const AccessibleTable& table, int child) -> HRESULT {
             if ((flags & SELFLAG_TAKESELECTION) && child > 0 && table.SelectChild) {
                 if (!control.Usable()) return S_FALSE;
-                table.SelectChild(Self(), child);
+                if (!PostMessageW(Window(), kSelectChild, static_cast<WPARAM>(child), 0)) return E_FAIL;
             } else if (!(flags & SELFLAG_TAKEFOCUS)) {
                 return E_INVALIDARG;
             }
-            if ((flags & SELFLAG_TAKEFOCUS) && m_Control && control.Usable()) control.SetFocus();
+            if ((flags & SELFLAG_TAKEFOCUS) && control.Usable()) control.SetFocus();
             return S_OK;
         });
     }

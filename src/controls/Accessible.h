@@ -31,9 +31,10 @@ struct AccessibleTable {
     void (*SelectChild)(void* self, int child) = nullptr;
 };
 
-// A default action waits in the control's queue under this number, its child in wParam: the
-// handler that it runs may open a modal form, and no screen reader should wait for its end.
-constexpr UINT kDefaultAction = WM_APP + 0x100;
+// A default action or a selection waits in the control's queue under this number, its child
+// in wParam: the handler that it runs may open a modal form, and no screen reader should wait
+// for its end.
+constexpr UINT kDefaultAction = WM_APP + 0x100, kSelectChild = kDefaultAction + 1;
 
 class ControlAccessible;
 // The answer to WM_GETOBJECT. accessible is made at the first need.

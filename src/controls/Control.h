@@ -180,7 +180,7 @@ private:
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Dispatch(UINT message, WPARAM wParam, LPARAM lParam);
     LRESULT Answer(UINT message, WPARAM wParam, LPARAM lParam);
-    void DefaultAction(int child);
+    void ActForReader(UINT message, int child);
     bool UsableOnForm() const;
     bool Reflect(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
 

@@ -134,8 +134,8 @@ LRESULT Control::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
         if (!here || !m_hWnd) return 0;
     }
     LRESULT result = 0;
-    if (message == kDefaultAction) {
-        DefaultAction(static_cast<int>(wParam));
+    if (message == kDefaultAction || message == kSelectChild) {
+        ActForReader(message, static_cast<int>(wParam));
         return 0;
     }
     if (m_Kind->Message && m_Kind->Message(m_Owner, message, wParam, lParam, result)) return result;
@@ -145,12 +145,16 @@ LRESULT Control::Dispatch(UINT message, WPARAM wParam, LPARAM lParam) {
     return Answer(message, wParam, lParam);
 }
 
-// Meanwhile it may have got out of reach.
-void Control::DefaultAction(int child) {
+// Meanwhile the control may have got out of reach.
+void Control::ActForReader(UINT message, int child) {
     if (!Usable()) return;
     const AccessibleTable* table = m_Kind->Accessible;
     const int rows = table && table->ChildCount ? table->ChildCount(m_Owner) : 0;
     if (child < 0 || child > rows) return;
+    if (message == kSelectChild) {
+        if (child > 0 && table->SelectChild) table->SelectChild(m_Owner, child);
+        return;
+    }
     if (table && table->DoDefault)
         table->DoDefault(m_Owner, child);
     else if (child == 0 && m_Kind->Press)

@@ -7,9 +7,9 @@ namespace {
 
 // Beside what screen readers ask for: all that moves the mark to another row, and what opens
 // and closes the list.
-constexpr UINT kWatched[] = {WM_GETOBJECT, WM_KEYDOWN,          WM_CHAR,
-                             WM_MOUSEMOVE, WM_LBUTTONDOWN,      LB_SETCARETINDEX,
-                             LB_SETCURSEL, WM_WINDOWPOSCHANGED, kDefaultAction};
+constexpr UINT kWatched[] = {WM_GETOBJECT,   WM_KEYDOWN,       WM_CHAR,      WM_MOUSEMOVE,
+                             WM_LBUTTONDOWN, LB_SETCARETINDEX, LB_SETCURSEL, WM_WINDOWPOSCHANGED,
+                             kDefaultAction, kSelectChild};
 
 } // namespace
 
@@ -38,7 +38,7 @@ struct DroppedRows {
     // As a click on the row does, which is brought into sight first.
     static void DoDefault(void* self, int child) {
         const Control& combo = *Of(self).m_Combo;
-        if (child == 0 || !ComboField::Dropped(combo)) return;
+        if (!ComboField::Dropped(combo)) return;
         Select(self, child);
         const RECT row = Place(self, child);
         const LPARAM at = MAKELPARAM(row.left, row.top);
@@ -104,9 +104,10 @@ LRESULT DroppedList::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lPar
     }
     // A choice may end the combo, and this with it.
     const StillThere here(*m_Combo);
-    if (iMsg == kDefaultAction) {
+    if (iMsg == kDefaultAction || iMsg == kSelectChild) {
         const int child = static_cast<int>(wParam);
-        if (m_Combo->Usable() && child <= DroppedRows::ChildCount(this)) DroppedRows::DoDefault(this, child);
+        if (!m_Combo->Usable() || child < 1 || child > DroppedRows::ChildCount(this)) return 0;
+        iMsg == kDefaultAction ? DroppedRows::DoDefault(this, child) : DroppedRows::Select(this, child);
         return 0;
     }
     const LRESULT result = MSubclass::CallOldWindowProc(hWnd, iMsg, wParam, lParam);

@@ -188,6 +188,8 @@ bool McListBox::OnProperty(std::u16string_view name, std::u16string_view value) 
 
 // A font or DPI of its own gives rows another height, a frame another width.
 void McListBox::OnChanged(Change what) {
+    if (what == Change::Focus && Base.HasFocus() && ListIndex() >= 0)
+        Base.Notify(EVENT_OBJECT_FOCUS, ListIndex() + 1);
     if (what == Change::Focus || what == Change::Caption || what == Change::Size) return;
     if (what == Change::Enabled) Hover(-1);
     LookChanged();

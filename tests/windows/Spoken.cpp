@@ -82,9 +82,19 @@ HRESULT DoDefault(HWND window, int child) {
     if (!object.Is) return E_FAIL;
     const HRESULT result = object.Is->accDoDefaultAction(Number(child));
     MSG message;
-    while (PeekMessageW(&message, window, kDefaultAction, kDefaultAction, PM_REMOVE))
+    while (PeekMessageW(&message, window, kDefaultAction, kDefaultAction, PM_REMOVE)) {
+        if (message.message == WM_QUIT) { // passes every filter; the loops outside want it
+            PostQuitMessage(static_cast<int>(message.wParam));
+            break;
+        }
         DispatchMessageW(&message);
+    }
     return result;
+}
+
+HRESULT Select(HWND window, LONG flags, int child) {
+    const Object object(window);
+    return object.Is ? object.Is->accSelect(flags, Number(child)) : E_FAIL;
 }
 
 HeardEvents::HeardEvents() {

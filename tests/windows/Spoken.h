@@ -23,6 +23,8 @@ Spoken Ask(HWND window, int child = 0);
 int ChildAt(HWND window, POINT screen);
 // Does the default action; on the window's thread it has been done when the call is back.
 HRESULT DoDefault(HWND window, int child = 0);
+// Asks for selection or focus (SELFLAG_...), which may still wait in the queue afterwards.
+HRESULT Select(HWND window, LONG flags, int child);
 
 // The events that windows of this process raise while the object lives.
 class HeardEvents {
