@@ -55,7 +55,10 @@ void Dialog::Show(bool save) {
     told.lpstrTitle = DialogTitle.empty() ? nullptr : Wide(DialogTitle);
     told.lpstrDefExt = extension.empty() ? nullptr : Wide(extension);
     told.Flags = Flags | OFN_EXPLORER;
-    const BOOL taken = save ? GetSaveFileNameW(&told) : GetOpenFileNameW(&told);
+    const BOOL taken = [&] {
+        const SystemModal alone(Base.Parent());
+        return save ? GetSaveFileNameW(&told) : GetOpenFileNameW(&told);
+    }();
     EventFrame::Rethrow();
     if (taken) {
         FileName = Answer(buffer, (Flags & OFN_ALLOWMULTISELECT) != 0);

@@ -95,6 +95,7 @@ public:
 
 private:
     friend class Control;
+    friend class SystemModal;
     friend bool Forms::Filter(MSG&);
     struct Binding {
         std::u16string_view Name;
@@ -155,4 +156,17 @@ private:
     cRegion m_Shape;
     HBITMAP m_Ground = nullptr;
     SIZE m_GroundSize{};
+};
+
+// While it lives, a dialog of the system takes input alone, as a modal form does. Its owner,
+// which may be null, is disabled and enabled by the dialog itself.
+class SystemModal {
+public:
+    explicit SystemModal(Form* owner);
+    ~SystemModal();
+    SystemModal(const SystemModal&) = delete;
+    SystemModal& operator=(const SystemModal&) = delete;
+
+private:
+    Form* m_Owner; // null also where it takes no input
 };
