@@ -118,3 +118,17 @@ def test_format():
     files = [str(p) for p in OURS]
     made = subprocess.run(["clang-format", "--dry-run", "-Werror", *files], capture_output=True, text=True)
     assert made.returncode == 0, made.stderr[:3000]
+
+
+def test_every_event_is_tried_with_a_throwing_handler():
+    tried = (ROOT / "tests/windows/failures_events_test.cpp").read_text(encoding="utf-8")
+    missing = []
+    for path in sorted((SRC / "controls").glob("*.h")):
+        owner = None
+        text = path.read_text(encoding="utf-8")
+        for found in re.finditer(r"^(?:class|struct) (\w+)[^;]*?\{|^    std::function<void\([^;]*?\)>\s+([\w, ]+);", text, re.M):
+            owner = found[1] or owner
+            for event in (found[2] or "").split(","):
+                if event and f'"{owner}.{event.strip()}"' not in tried:
+                    missing.append(f"{path}: {owner}.{event.strip()}")
+    assert not missing, "\n".join(missing)
