@@ -46,6 +46,22 @@ protected:
         Focus(form.Text->Base);
         gui::Type(VK_BACK);
     };
+    // A message of the system to a text that is selected as a whole.
+    Cause Changes(UINT message) {
+        return [this, message](gui::EveryForm& form) {
+            m_Ui.Run([&] {
+                const HWND box = form.Text->Base.hWnd();
+                const auto change = std::exchange(form.Text->Change, nullptr);
+                form.Text->Text(u"abc");
+                SendMessageW(box, EM_SETSEL, 0, -1);
+                SendMessageW(box, WM_COPY, 0, 0); // for WM_PASTE
+                if (message == WM_UNDO) SendMessageW(box, WM_CLEAR, 0, 0);
+                form.Text->Change = change;
+                const bool text = message == EM_REPLACESEL || message == WM_SETTEXT;
+                SendMessageW(box, message, TRUE, text ? reinterpret_cast<LPARAM>(L"new") : 0);
+            });
+        };
+    }
     const Cause m_ChooseByKey = [this](gui::EveryForm& form) {
         Focus(form.Choice->Base);
         gui::Type(VK_DOWN);
@@ -92,6 +108,13 @@ TEST_F(Destroyed, AControlByItsOwnEvent) {
     };
     GoesBy("a text that is typed", dropText, m_Type, text);
     GoesBy("a text that is erased", dropText, m_Erase, text);
+    for (const auto& [name, message] : {std::pair{"a text that is pasted", WM_PASTE},
+                                        {"a text that is cut", WM_CUT},
+                                        {"a text that is cleared", WM_CLEAR},
+                                        {"a text that is undone", WM_UNDO},
+                                        {"a text that is replaced", EM_REPLACESEL},
+                                        {"a text that is set", WM_SETTEXT}})
+        GoesBy(name, dropText, Changes(static_cast<UINT>(message)), text);
     GoesBy("a combo by a key", dropChoice, m_ChooseByKey, choice);
     GoesBy("a combo by a key in its list", dropChoice, m_ChooseFromTheList, choice);
     GoesBy("a combo by the mouse", dropChoice, m_ChooseByMouse, choice);
