@@ -48,7 +48,8 @@ public:
     // The text; "&" marks the access key.
     const std::u16string& Caption() const { return Base.Caption(); }
     void Caption(std::u16string_view caption) { Base.Caption(caption); }
-    // kStyleFlat, kStyleXP or kStyleNone. Raises failure 380 for anything else.
+    // kStyleFlat, kStyleXP or kStyleNone, failure 380 for anything else. It begins as kStyleXP,
+    // not as the highlight style 2, which no form shows and which is not there.
     int ButtonStyle() const { return m_Look.ButtonStyle; }
     void ButtonStyle(int style);
     OleColour BackColor() const { return m_Look.BackColor; }
