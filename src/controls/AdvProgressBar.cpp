@@ -38,7 +38,7 @@ Bar Measure(const RECT& surface, const AdvProgressBarState& state) {
     if (state.Max == 0) return bar;
     if (state.ShowText) bar.Label = Percent(state);
     if (state.Style != kValueDependant) return bar;
-    const int width = WidthOf(surface);
+    const int width = std::max<int>(WidthOf(surface), 0);
     bar.Width = static_cast<int>(std::clamp(1LL * width * state.Value / state.Max, 0LL, 1LL * width));
     if (bar.Width == 0) return bar; // no colour is seen
     const COLORREF from = Resolve(state.BarColor1), to = Resolve(state.BarColor2);

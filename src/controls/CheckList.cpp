@@ -49,7 +49,7 @@ struct CheckListRows {
     }
     static int ChildCount(void* self) { return List(self).ListCount(); }
     static RECT Place(void* self, int child) {
-        RECT client, seen;
+        RECT client{}, seen;
         GetClientRect(List(self).Base.hWnd(), &client);
         const RECT row = List(self).PlaceOf(child - 1);
         IntersectRect(&seen, &row, &client);
@@ -150,7 +150,7 @@ std::size_t CheckList::FontNumber(const ::Font& font) {
 }
 
 RECT CheckList::PlaceOf(int row) const {
-    RECT client;
+    RECT client{};
     GetClientRect(Base.hWnd(), &client);
     const int height = Base.Scaled(m_RowHeight);
     const int top = (row - m_Top) * height;

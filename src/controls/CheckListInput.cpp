@@ -147,13 +147,13 @@ void CheckList::Toggle(int row) {
 int CheckList::RowAt(int y) const {
     if (y < 0) return -1;
     const int row = m_Top + y / Base.Scaled(m_RowHeight);
-    RECT client;
+    RECT client{};
     GetClientRect(Base.hWnd(), &client);
     return y < client.bottom && Valid(row) ? row : -1;
 }
 
 int CheckList::RowsInSight() const {
-    RECT client;
+    RECT client{};
     GetClientRect(Base.hWnd(), &client);
     return std::max<int>(client.bottom / Base.Scaled(m_RowHeight), 1);
 }

@@ -85,7 +85,7 @@ void Control::Move(int left, int top, int width, int height) {
 // Edges are rounded as they lie on the form, so that what ends with its container in twips
 // ends with it at every DPI.
 void Control::PlaceWindow() {
-    int left = 0, top = 0; // of the container's inside on the form
+    long long left = 0, top = 0; // of the container's inside on the form
     for (const Control* outer = m_Container; outer && outer->m_Container; outer = outer->m_Container) {
         left += outer->m_Left;
         top += outer->m_Top;

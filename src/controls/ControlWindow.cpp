@@ -69,8 +69,10 @@ void Control::MakeWindow() {
     const DWORD style = WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS | m_Kind->Style |
                         (m_Kind->Container ? static_cast<DWORD>(WS_CLIPCHILDREN) : 0);
     const wchar_t* windowClass = m_Kind->WindowClass ? m_Kind->WindowClass : OwnClass();
+    // A class of the system may read what it gets in its own way.
+    void* const given = m_Kind->WindowClass ? nullptr : this;
     const HWND window = CreateWindowExW(m_Kind->ExStyle, windowClass, Wide(m_Caption), style, 0, 0, 0, 0,
-                                        m_Container->m_hWnd, nullptr, GetModuleHandleW(nullptr), this);
+                                        m_Container->m_hWnd, nullptr, GetModuleHandleW(nullptr), given);
     if (!window)
         throw RuntimeFailure(static_cast<int>(GetLastError()), FullName(), u"The window cannot be made");
     if (!m_hWnd) Attach(window);

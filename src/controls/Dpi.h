@@ -4,26 +4,33 @@
 
 #include "base/win.h"
 
-// The one way from twips to pixels: to the nearest, halves up, also below zero.
-constexpr int ToPixels(int twips, int dpi) {
-    const long long doubled = 2LL * twips * dpi + 1440;
-    const long long whole = doubled / 2880;
-    return static_cast<int>(doubled % 2880 < 0 ? whole - 1 : whole);
+#include <algorithm>
+
+// Lengths end here, in twips and in pixels: the difference of any two is still a number.
+constexpr long long kFarthestLength = (1LL << 30) - 1;
+
+// To the nearest, halves up, also below zero.
+constexpr int Divided(long long length, long long by) {
+    const long long doubled = 2 * length + by;
+    const long long whole = doubled / (2 * by) - (doubled % (2 * by) < 0);
+    return static_cast<int>(std::clamp(whole, -kFarthestLength, kFarthestLength));
+}
+// The one way from twips to pixels.
+constexpr int ToPixels(long long twips, int dpi) {
+    return Divided(twips * dpi, 1440);
 }
 constexpr int ToTwips(int pixels, int dpi) {
-    const long long doubled = 2LL * pixels * 1440 + dpi;
-    const long long whole = doubled / (2LL * dpi);
-    return static_cast<int>(doubled % (2LL * dpi) < 0 ? whole - 1 : whole);
+    return Divided(1440LL * pixels, dpi);
 }
 // A pixel count of 96 DPI.
 constexpr int Scaled(int pixels96, int dpi) {
-    return ToPixels(pixels96 * 15, dpi);
+    return ToPixels(15LL * pixels96, dpi);
 }
 constexpr int HairLine(int dpi) {
     return dpi < 192 ? 1 : dpi / 96;
 }
 // Rounds the edges, not the widths, so that neighbours that touch still touch.
-constexpr RECT ToPixels(int left, int top, int width, int height, int dpi) {
+constexpr RECT ToPixels(long long left, long long top, int width, int height, int dpi) {
     return {ToPixels(left, dpi), ToPixels(top, dpi), ToPixels(left + width, dpi),
             ToPixels(top + height, dpi)};
 }

@@ -31,17 +31,15 @@ FieldState StateOf(const Control& field) {
     return {field.HasFocus(), field.EnabledInAll()};
 }
 
-// Into the window's whole context, round its client area and the scroll bar beside it.
-void DrawRound(Control& field, HDC dc) {
-    RECT window, client;
+// Into the window's whole context, round its text and the scroll bar beside it. The bar has
+// the width of the monitor's DPI, which the system's metrics do not tell.
+void DrawRound(Control& field, bool oneLine, HDC dc) {
+    RECT window;
     GetWindowRect(field.hWnd(), &window);
-    GetClientRect(field.hWnd(), &client);
-    MapWindowPoints(field.hWnd(), nullptr, reinterpret_cast<POINT*>(&client), 2);
-    if (GetWindowLongW(field.hWnd(), GWL_STYLE) & WS_VSCROLL) client.right += GetSystemMetrics(SM_CXVSCROLL);
-    OffsetRect(&client, -window.left, -window.top);
     OffsetRect(&window, -window.left, -window.top);
+    const RECT inner = Inner(field, oneLine, window);
     const int state = SaveDC(dc);
-    ExcludeClipRect(dc, client.left, client.top, client.right, client.bottom);
+    ExcludeClipRect(dc, inner.left, inner.top, inner.right, inner.bottom);
     Draw(dc, window, field.Dpi(), StateOf(field));
     RestoreDC(dc, state);
 }
@@ -83,13 +81,13 @@ bool Message(Control& field, bool oneLine, UINT message, WPARAM wParam, LPARAM l
     case WM_NCPAINT: {
         result = field.DefaultProcedure(message, wParam, lParam);
         const HDC dc = GetWindowDC(field.hWnd());
-        DrawRound(field, dc);
+        DrawRound(field, oneLine, dc);
         ReleaseDC(field.hWnd(), dc);
         return true;
     }
     case WM_PRINT:
         result = field.DefaultProcedure(message, wParam, lParam);
-        if (lParam & PRF_NONCLIENT) DrawRound(field, reinterpret_cast<HDC>(wParam));
+        if (lParam & PRF_NONCLIENT) DrawRound(field, oneLine, reinterpret_cast<HDC>(wParam));
         return true;
     case WM_NCHITTEST:
         // The padding belongs to the text.

@@ -180,6 +180,9 @@ bool Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result
         return true;
     }
     case WM_SETTINGCHANGE:
+        // Forms that steer their own dragging switch this back and forth, and it has no colours.
+        if (wParam == SPI_SETDRAGFULLWINDOWS) return false;
+        [[fallthrough]];
     case WM_SYSCOLORCHANGE:
         ThemeChanged();
         return false;

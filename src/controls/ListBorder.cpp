@@ -4,6 +4,8 @@
 #include "controls/Painting.h"
 #include "controls/Theme.h"
 
+#include <algorithm>
+
 namespace ListBorder {
 namespace {
 
@@ -27,6 +29,8 @@ bool Message(Control& list, UINT message, WPARAM wParam, LPARAM lParam, LRESULT&
         RECT& window =
             wParam ? reinterpret_cast<NCCALCSIZE_PARAMS*>(lParam)->rgrc[0] : *reinterpret_cast<RECT*>(lParam);
         window = Inset(window, list.HairLine());
+        window.right = std::max(window.right, window.left);
+        window.bottom = std::max(window.bottom, window.top);
         result = list.DefaultProcedure(message, wParam, lParam); // takes off the scroll bars
         return true;
     }

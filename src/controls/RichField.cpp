@@ -135,12 +135,15 @@ std::u16string Text(const Control& box) {
 // By replacing, since a whole text that is set may be taken for RTF.
 void Text(Control& box, const std::u16string& text) {
     const HWND window = box.hWnd();
-    SendMessageW(window, WM_SETREDRAW, FALSE, 0);
+    if (!window) return;
+    // Switching the drawing on shows a hidden window.
+    const bool shown = (GetWindowLongW(window, GWL_STYLE) & WS_VISIBLE) != 0;
+    if (shown) SendMessageW(window, WM_SETREDRAW, FALSE, 0);
     SendMessageW(window, EM_SETSEL, 0, -1);
     SendMessageW(window, EM_REPLACESEL, FALSE, reinterpret_cast<LPARAM>(Wide(text)));
     SendMessageW(window, EM_SETSEL, 0, 0);
     SendMessageW(window, EM_EMPTYUNDOBUFFER, 0, 0);
-    SendMessageW(window, WM_SETREDRAW, TRUE, 0);
+    if (shown) SendMessageW(window, WM_SETREDRAW, TRUE, 0);
     SendMessageW(window, EM_SCROLLCARET, 0, 0);
     RedrawWindow(window, nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME);
 }

@@ -2,6 +2,7 @@
 // look: TavrelButtonDraw.cpp. Tested by tests/windows/button_*_test.cpp.
 #include "controls/TavrelButton.h"
 
+#include "base/Counter16.h"
 #include "base/Files.h"
 #include "base/RuntimeFailure.h"
 #include "controls/Form.h"
@@ -106,6 +107,14 @@ void TavrelButton::Dress() {
     XPColor_Hover(filled ? palette::HoverPrimary : palette::HoverNeutral);
     XPColor_Pressed(filled ? palette::FocusPrimary : palette::FocusNeutral);
     XPDefaultColors(false);
+}
+
+void TavrelButton::PictureWidth(int pixels96) {
+    Set<int>(m_PictureWidth, ToInt16(pixels96, u"TavrelButton"));
+}
+
+void TavrelButton::PictureHeight(int pixels96) {
+    Set<int>(m_PictureHeight, ToInt16(pixels96, u"TavrelButton"));
 }
 
 void TavrelButton::OnPaint(HDC dc, const RECT& client) {

@@ -70,11 +70,12 @@ public:
     void PicturePosition(int side);
     int PictureSize() const { return m_PictureSize; }
     void PictureSize(int mode);
-    // Count with kSizeOwn; nothing is drawn where one of them is 0 or less.
+    // Count with kSizeOwn; nothing is drawn where one of them is 0 or less. Both raise failure 6
+    // beyond 16 bits.
     int PictureWidth() const { return m_PictureWidth; }
-    void PictureWidth(int pixels96) { Set(m_PictureWidth, pixels96); }
+    void PictureWidth(int pixels96);
     int PictureHeight() const { return m_PictureHeight; }
-    void PictureHeight(int pixels96) { Set(m_PictureHeight, pixels96); }
+    void PictureHeight(int pixels96);
 
     // Frame of style 3 with the focus and under the mouse; built-in colours while
     // XPDefaultColors is on.

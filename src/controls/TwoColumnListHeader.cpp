@@ -95,6 +95,7 @@ std::u16string TwoColumnList::Header(int column) const {
 void TwoColumnList::Header(int column, const std::u16string& text) {
     if (column < 0 || column >= kColumns) return;
     m_Heads[column] = text;
+    if (!Base.hWnd()) return;
     LVCOLUMNW changed{};
     changed.mask = LVCF_TEXT;
     changed.pszText = const_cast<wchar_t*>(Wide(text));

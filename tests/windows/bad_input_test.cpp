@@ -169,6 +169,27 @@ TEST_F(BadInput, FontsThatAreNone) {
     });
 }
 
+TEST_F(BadInput, SizesThatNobodyMeans) {
+    m_Ui.Run([&] {
+        BadForm& form = *m_Shown;
+        const int most = std::numeric_limits<int>::max(), least = std::numeric_limits<int>::min();
+        for (Control* control : form.Window.Controls()) {
+            if (!control->hWnd()) continue;
+            SCOPED_TRACE(text::ToUtf8(control->FullName()));
+            for (const auto& [at, size] :
+                 {std::pair{most, most}, {least, most}, {most, least}, {0, 0}, {0, 15}}) {
+                control->Move(at, at, size, size);
+                EXPECT_EQ(control->Left(), at);
+                EXPECT_EQ(control->Height(), size);
+                control->Refresh();
+                RedrawWindow(control->hWnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_FRAME | RDW_UPDATENOW);
+            }
+            control->Move(150, 150, 1500, 600);
+        }
+        EXPECT_FALSE(EventFrame::Ending());
+    });
+}
+
 TEST_F(BadInput, PicturesThatAreNone) {
     m_Ui.Run([&] {
         BadForm& form = *m_Shown;

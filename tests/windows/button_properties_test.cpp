@@ -81,6 +81,10 @@ TEST_F(Button, ValuesOutsideTheirRangeAreRefused) {
     TavrelButton& plain = m_Shown->Plain;
     m_Ui.Run([&] {
         for (const int style : {-1, 0, 2, 5, 1000}) EXPECT_THROW(plain.ButtonStyle(style), RuntimeFailure);
+        for (const int size : {-32'769, 32'768}) {
+            EXPECT_THROW(plain.PictureWidth(size), RuntimeFailure);
+            EXPECT_THROW(plain.PictureHeight(size), RuntimeFailure);
+        }
         EXPECT_EQ(plain.ButtonStyle(), 3);
         for (const int value : {-1, 4}) {
             EXPECT_THROW(plain.PicturePosition(value), RuntimeFailure);

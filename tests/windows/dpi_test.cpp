@@ -2,6 +2,8 @@
 
 #include "controls/Dpi.h"
 
+#include <climits>
+
 TEST(Dpi, TwipsBecomePixelsToTheNearest) {
     EXPECT_EQ(ToPixels(5550, 96), 370);
     EXPECT_EQ(ToPixels(15, 120), 1);   // 1.25
@@ -10,6 +12,19 @@ TEST(Dpi, TwipsBecomePixelsToTheNearest) {
     EXPECT_EQ(ToPixels(-15, 96), -1);
     EXPECT_EQ(ToTwips(370, 96), 5550);
     EXPECT_EQ(ToTwips(-3, 192), -22); // -22.5
+}
+
+// No length makes arithmetic on edges overflow.
+TEST(Dpi, LengthsEndWhereTheirDifferencesStillCount) {
+    for (const int dpi : {96, 192}) {
+        EXPECT_EQ(Scaled(INT_MAX, dpi), kFarthestLength);
+        EXPECT_EQ(Scaled(INT_MIN, dpi), -kFarthestLength);
+        EXPECT_EQ(ToTwips(INT_MAX, dpi), kFarthestLength);
+    }
+    EXPECT_EQ(ToPixels(INT_MAX, 96), 143165576); // 2147483647 / 15
+    const RECT beyond = ToPixels(INT_MAX, INT_MIN, INT_MAX, INT_MAX, 9600);
+    EXPECT_EQ(beyond.right - beyond.left, 0);
+    EXPECT_EQ(beyond.bottom - beyond.top, kFarthestLength - 7); // the lower edge is -1 twip
 }
 
 TEST(Dpi, HairLinesAreAtLeastOnePixel) {

@@ -1,5 +1,7 @@
 // What holds for every control: calls after its form's end, disabling, what code may do while
 // it is disabled, the ground of its frame.
+#include "base/DoEvents.h"
+#include "controls/Painting.h"
 #include "windows/EveryForm.h"
 #include "windows/Pixels.h"
 
@@ -112,6 +114,38 @@ TEST_F(Every, ControlKeepsAnsweringItsOwnCallsAfterUnload) {
         form.Clock->Enabled(true);
         form.Clock->Enabled(false);
         EXPECT_FALSE(EventFrame::Ending());
+    });
+}
+
+// Without its window a control has nothing to draw. Where its handle were taken as it is, the system
+// would draw the whole screen anew.
+TEST_F(Every, ControlAfterUnloadLetsOtherFormsBe) {
+    m_Ui.Run([&] {
+        gui::EveryForm other;
+        gui::EveryForm& form = *m_Shown;
+        form.Window.Unload();
+        DoEvents();
+        const auto paints = PaintsSoFar().Paints;
+        form.Paste.Text(u"x");
+        form.Result.Text(u"x");
+        form.Table.Header(0, u"Other");
+        form.Table.Clear();
+        form.Ticks.AddItem(u"four", UiFont());
+        form.Ticks.ListIndex(3);
+        form.Rows.AddItem(u"four");
+        form.Bar.Value(7);
+        form.Go->Primary(true);
+        form.Title->ForeColor(RGB(1, 2, 3));
+        for (Control* control : form.Window.Controls()) {
+            control->Enabled(false);
+            control->Move(15, 30, 450, 600);
+            control->Font(StrongFont());
+            control->Invalidate();
+            control->Refresh();
+        }
+        form.Window.RefreshGround();
+        DoEvents();
+        EXPECT_EQ(PaintsSoFar().Paints, paints);
     });
 }
 

@@ -1,4 +1,5 @@
 // The form kit: a form from a layout table, keys, stacked panes, focus, DPI, accessibility.
+#include "base/DoEvents.h"
 #include "base/RuntimeFailure.h"
 #include "controls/ComboBox.h"
 #include "controls/Dpi.h"
@@ -220,6 +221,21 @@ TEST_F(FormKit, WhatEndsWithItsContainerDoesSoWhereverThatStands) {
             MapWindowPoints(nullptr, form.FrameLow.Base.hWnd(), reinterpret_cast<POINT*>(&place), 2);
             EXPECT_EQ(place.right, inside.right) << left;
         }
+    });
+}
+
+// Every activation of a form that steers its own dragging sends it to all windows.
+TEST_F(FormKit, TheDragSettingPaintsNothing) {
+    m_Ui.Run([&] {
+        const HWND form = m_Shown->Window.Base.hWnd();
+        DoEvents();
+        const auto paints = PaintsSoFar().Paints;
+        SendMessageW(form, WM_SETTINGCHANGE, SPI_SETDRAGFULLWINDOWS, 0);
+        DoEvents();
+        EXPECT_EQ(PaintsSoFar().Paints, paints);
+        SendMessageW(form, WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
+        DoEvents();
+        EXPECT_GT(PaintsSoFar().Paints, paints);
     });
 }
 

@@ -196,6 +196,15 @@ TEST_F(Boxes, ALockedBoxTakesNeitherKeysNorPastes) {
     EXPECT_FALSE(Said(form.Paste.Base).State & STATE_SYSTEM_READONLY);
 }
 
+TEST_F(Boxes, AHiddenBoxStaysHiddenWhenItGetsAText) {
+    m_Ui.Run([&] {
+        m_Shown->Paste.Base.Visible(false);
+        m_Shown->Paste.Text(u"x");
+        EXPECT_FALSE(IsWindowVisible(m_Shown->Paste.Base.hWnd()));
+        EXPECT_EQ(m_Shown->Paste.Text(), u"x");
+    });
+}
+
 TEST_F(Boxes, TextThatLooksLikeRtfStaysText) {
     BoxesForm& form = *m_Shown;
     const std::u16string rtf = u"{\\rtf1\\ansi\\b bold}";
