@@ -39,6 +39,24 @@ const wchar_t* WindowClass() {
     return reinterpret_cast<const wchar_t*>(static_cast<ULONG_PTR>(atom));
 }
 
+// On a real screen Wine moves the screen's own pointer too, and the desktop then tells once more
+// where that was before. So the screen is asked for a pixel, which it answers behind the move,
+// and all take what they were told. Answers whether the mouse is still there.
+bool StaysAt(POINT wanted) {
+    static const bool onScreen = GetEnvironmentVariableW(L"DISPLAY", nullptr, 0) != 0;
+    if (!onScreen) return true;
+    for (int i = 0; i < 2; ++i) {
+        const HDC screen = GetDC(nullptr);
+        GetPixel(screen, 0, 0);
+        ReleaseDC(nullptr, screen);
+        SendMessageTimeoutW(GetDesktopWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 1'000, nullptr);
+        for (UiThread* thread : g_Threads) thread->Settle();
+    }
+    POINT at{};
+    GetCursorPos(&at);
+    return at.x == wanted.x && at.y == wanted.y;
+}
+
 } // namespace
 
 bool WaitUntil(const std::function<bool()>& ready, DWORD limitMs) {
@@ -147,7 +165,9 @@ void MoveTo(POINT screen) {
     input.mi.dx = static_cast<LONG>((screen.x * 65536LL + 32768) / width);
     input.mi.dy = static_cast<LONG>((screen.y * 65536LL + 32768) / height);
     input.mi.dwFlags = MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE | MOUSEEVENTF_VIRTUALDESK;
-    SendInput(1, &input, sizeof input);
+    int tries = 0;
+    do SendInput(1, &input, sizeof input);
+    while (!StaysAt(screen) && ++tries < 5);
 }
 
 void Press(DWORD mouseFlag) {
