@@ -46,7 +46,8 @@ protected:
         Focus(form.Text->Base);
         gui::Type(VK_BACK);
     };
-    // A message of the system to a text that is selected as a whole.
+    // A message of the system to a text that is selected as a whole. WM_UNDO is not among them:
+    // there Wine's edit window reads what it has freed.
     Cause Changes(UINT message) {
         return [this, message](gui::EveryForm& form) {
             m_Ui.Run([&] {
@@ -55,7 +56,6 @@ protected:
                 form.Text->Text(u"abc");
                 SendMessageW(box, EM_SETSEL, 0, -1);
                 SendMessageW(box, WM_COPY, 0, 0); // for WM_PASTE
-                if (message == WM_UNDO) SendMessageW(box, WM_CLEAR, 0, 0);
                 form.Text->Change = change;
                 const bool text = message == EM_REPLACESEL || message == WM_SETTEXT;
                 SendMessageW(box, message, TRUE, text ? reinterpret_cast<LPARAM>(L"new") : 0);
@@ -111,7 +111,6 @@ TEST_F(Destroyed, AControlByItsOwnEvent) {
     for (const auto& [name, message] : {std::pair{"a text that is pasted", WM_PASTE},
                                         {"a text that is cut", WM_CUT},
                                         {"a text that is cleared", WM_CLEAR},
-                                        {"a text that is undone", WM_UNDO},
                                         {"a text that is replaced", EM_REPLACESEL},
                                         {"a text that is set", WM_SETTEXT}})
         GoesBy(name, dropText, Changes(static_cast<UINT>(message)), text);
