@@ -2,6 +2,7 @@
 
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
+#include "controls/Dpi.h"
 
 #include <algorithm>
 #include <cmath>
@@ -88,6 +89,15 @@ Font BarFont() {
 Font CheckListFont() {
     static const bool have = IsInstalled(u"Verdana");
     return {have ? u"Verdana" : u"Tahoma", 8.25, false, false};
+}
+
+Font TipFont() {
+    NONCLIENTMETRICSW metrics{};
+    metrics.cbSize = sizeof metrics;
+    if (!SystemParametersInfoW(SPI_GETNONCLIENTMETRICS, sizeof metrics, &metrics, 0)) return UiFont();
+    const LOGFONTW& system = metrics.lfStatusFont;
+    const double points = std::abs(system.lfHeight) * 72.0 / DpiOf(nullptr);
+    return {Units(system.lfFaceName), points, system.lfWeight >= FW_BOLD, system.lfUnderline != 0};
 }
 
 Font DesignFont(std::u16string_view name) {

@@ -24,6 +24,8 @@ Font TitleFont();
 Font HeaderFont();
 Font BarFont();
 Font CheckListFont();
+// What the system itself writes tips in, as its user has set it.
+Font TipFont();
 // By name ("Ui", "Strong", "Heading"...). Raises failure 13 for an unknown one.
 Font DesignFont(std::u16string_view name);
 

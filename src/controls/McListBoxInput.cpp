@@ -228,13 +228,7 @@ void McListBox::ShowRowTip() {
     m_RowTip = std::make_unique<cToolTip>();
     m_RowTip->Create(Base.hWnd(), std::u16string_view(item.Text).substr(0, kLongestTip), kAlways, false, 0,
                      {}, kNoColour, kNoColour, -1, -1);
-    // The tip came too late for the move that asked for it.
-    MSG move{Base.hWnd(), WM_MOUSEMOVE, 0, 0, static_cast<DWORD>(GetMessageTime()), {}};
-    GetCursorPos(&move.pt);
-    POINT inside = move.pt;
-    ScreenToClient(Base.hWnd(), &inside);
-    move.lParam = MAKELPARAM(inside.x, inside.y);
-    SendMessageW(m_RowTip->hWnd(), TTM_RELAYEVENT, 0, reinterpret_cast<LPARAM>(&move));
+    m_RowTip->Hover(); // it came too late for the move that asked for it
 }
 
 void McListBox::ScrollTo(int top) {

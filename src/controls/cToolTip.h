@@ -1,6 +1,7 @@
 // A balloon or plain tip of one control, also while that is disabled.
 #pragma once
 
+#include "controls/Font.h"
 #include "controls/ISubclass.h"
 #include "controls/Theme.h"
 
@@ -19,7 +20,8 @@ public:
     // none, 1 information, 2 warning, 3 error; it shows beside a title only. Colours: &H00BBGGRR,
     // a system colour (0x80000000 and its index, followed when it changes) or kNoColour; a
     // visual style of the system may draw tips in its own.
-    // Times in milliseconds, -1 for the system's. False where control is no window.
+    // Times in milliseconds, -1 for the system's. False where control is no window. The tip's
+    // own window is made when the mouse first comes. On the control's thread, also what follows.
     bool Create(HWND control, std::u16string_view text, int style, bool centered, int icon,
                 std::u16string_view title, OleColour foreColour, OleColour backColour, int popupTime,
                 int hoverTime);
@@ -48,7 +50,10 @@ public:
     const std::u16string& InitialText() const { return m_InitialText; }
     const std::u16string& InitialTitle() const { return m_InitialTitle; }
 
-    HWND hWnd() const { return m_Tip; } // the tip's own window; null without one
+    // As if the mouse had just come to where it rests.
+    void Hover();
+
+    HWND hWnd() const { return m_Tip; } // the tip's own window; null while there is none
 
     // ISubclass, for MSubclass only.
     int MsgResponse() override;
@@ -56,18 +61,26 @@ public:
     LRESULT WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) override;
 
 private:
+    static LRESULT CALLBACK MouseHook(int code, WPARAM message, LPARAM mouse);
+    bool Watch();
+    void Unwatch();
     void Remove();
-    void AddTool(HWND window, RECT place);
-    void ShowText();
+    void Follow(HWND under, MSG told);
+    bool Make();
+    void PlaceTool(HWND window, const RECT& place);
+    void SendTool(UINT message);
     void ShowTitle();
+    void ShowFont();
     void ShowColours();
     void ShowTimes();
-    void PlaceInControl();
-    void PlaceInParent(POINT mouse);
-    void PlaceTool(HWND window, const RECT& place, RECT& known);
 
-    HWND m_Tip = nullptr, m_Control = nullptr, m_Parent = nullptr;
-    RECT m_InControl{}, m_InParent{}; // the tools; the parent's is empty while the mouse is elsewhere
+    cToolTip* m_Next = nullptr; // of those that watch the mouse
+    HWND m_Control = nullptr, m_Tip = nullptr;
+    HWND m_ToolWindow = nullptr; // where the tool lies; null before the first one
+    RECT m_Place{};              // the tool in there; empty while the mouse is elsewhere
+    bool m_Over = false;         // the mouse is
+    int m_Dpi = 0;               // of m_Font
+    FontHandle m_Font;
     std::u16string m_Text, m_Title, m_InitialText, m_InitialTitle;
     int m_Style = 0, m_Icon = 0, m_PopupTime = -1, m_HoverTime = -1;
     bool m_Centered = false;

@@ -10,6 +10,20 @@ namespace {
 
 class ToolTip : public gui::TipTest {
 protected:
+    // With the mouse on the control: that brings the tip's window.
+    void Create(std::u16string_view text = u"One|Two", std::u16string_view title = u"",
+                int hoverTime = gui::kSoon) {
+        TipTest::Create(text, title, hoverTime);
+        Hover(m_Left);
+        ASSERT_TRUE(gui::WaitUntil([this] { return m_Tip->hWnd() != nullptr; }));
+        m_Ui.Settle();
+    }
+    // The mouse then reaches the form instead, and the tool lies there.
+    void DisableTheControl() {
+        On([this] { EnableWindow(m_Left, FALSE); });
+        gui::MoveTo(gui::ToScreen(m_Left, 5, 5));
+        m_Ui.Settle();
+    }
     std::wstring TextOfTool(HWND window) {
         wchar_t text[400] = L"";
         On([&] {
@@ -45,17 +59,17 @@ protected:
 TEST_F(ToolTip, BarsBreakTheLine) {
     Create(u"One|Two||Three");
     EXPECT_EQ(L"One\r\nTwo\r\n\r\nThree", TextOfTool(m_Left));
-    EXPECT_EQ(L"One\r\nTwo\r\n\r\nThree", TextOfTool(m_Form));
-    Hover(m_Left);
     ASSERT_TRUE(WaitShown());
     const SIZE four = SizeShown();
     On([this] { m_Tip->Text(u"One Two Three"); });
     EXPECT_LT(SizeShown().cy, four.cy);
+    On([this] { m_Tip->Text(u"Four|Five"); });
+    DisableTheControl();
+    EXPECT_EQ(L"Four\r\nFive", TextOfTool(m_Form));
 }
 
 TEST_F(ToolTip, AmpersandsAreShown) {
     Create(u"Salt & pepper && more");
-    Hover(m_Left);
     ASSERT_TRUE(WaitShown());
     const SIZE with = SizeShown();
     On([this] { m_Tip->Text(u"Salt  pepper  more"); });
@@ -72,13 +86,11 @@ TEST_F(ToolTip, TextAndTitleChangeTheLiveTipAndTheInitialOnesStay) {
         EXPECT_EQ(u"First|line", m_Tip->InitialText());
     });
     EXPECT_EQ(L"Second", TextOfTool(m_Left));
-    EXPECT_EQ(L"Second", TextOfTool(m_Form));
     EXPECT_EQ(u"Head", m_Tip->InitialTitle());
 }
 
 TEST_F(ToolTip, ATitleWithItsIconStandsAboveTheText) {
     Create(u"Text", u"");
-    Hover(m_Left);
     ASSERT_TRUE(WaitShown());
     const SIZE plain = SizeShown();
     On([this] { m_Tip->Title(u"A title that is wider"); });
@@ -95,7 +107,6 @@ TEST_F(ToolTip, ATitleWithItsIconStandsAboveTheText) {
 
 TEST_F(ToolTip, ATitleThatIsTooLongIsCut) {
     Create(u"Text", std::u16string(99, u'i'));
-    Hover(m_Left);
     ASSERT_TRUE(WaitShown());
     const SIZE longest = SizeShown();
     On([this] { m_Tip->Title(std::u16string(150, u'i')); });
@@ -205,12 +216,33 @@ TEST_F(ToolTip, CenteredSetsTheSystemsFlag) {
     EXPECT_EQ(0u, FlagsOfTool(m_Left) & TTF_CENTERTIP);
     On([this] { m_Tip->Centered(true); });
     EXPECT_NE(0u, FlagsOfTool(m_Left) & TTF_CENTERTIP);
-    EXPECT_NE(0u, FlagsOfTool(m_Form) & TTF_CENTERTIP);
     EXPECT_EQ(L"One\r\nTwo", TextOfTool(m_Left));
+    EXPECT_TRUE(WaitShown());
+    DisableTheControl();
+    EXPECT_NE(0u, FlagsOfTool(m_Form) & TTF_CENTERTIP);
     On([this] { m_Tip->Centered(false); });
     EXPECT_EQ(0u, FlagsOfTool(m_Form) & TTF_CENTERTIP);
+}
+
+TEST_F(ToolTip, WhatIsSetBeforeTheMouseComesShowsThen) {
+    TipTest::Create(u"First", u"");
+    EXPECT_EQ(nullptr, m_Tip->hWnd());
+    On([this] {
+        m_Tip->Text(u"Second|line");
+        m_Tip->Style(TTS_ALWAYSTIP);
+        m_Tip->Centered(true);
+        m_Tip->ForeCol(RGB(10, 20, 30));
+        m_Tip->BackCol(RGB(200, 210, 220));
+        m_Tip->PopupTime(4567);
+    });
     Hover(m_Left);
-    EXPECT_TRUE(WaitShown());
+    ASSERT_TRUE(WaitShown());
+    EXPECT_EQ(L"Second\r\nline", TextOfTool(m_Left));
+    EXPECT_EQ(TTS_ALWAYSTIP | TTS_NOPREFIX, GetWindowLongW(m_Tip->hWnd(), GWL_STYLE) & 0xFFFF);
+    EXPECT_NE(0u, FlagsOfTool(m_Left) & TTF_CENTERTIP);
+    EXPECT_EQ(RGB(10, 20, 30), static_cast<COLORREF>(Ask(TTM_GETTIPTEXTCOLOR)));
+    EXPECT_EQ(RGB(200, 210, 220), static_cast<COLORREF>(Ask(TTM_GETTIPBKCOLOR)));
+    EXPECT_EQ(4567, Ask(TTM_GETDELAYTIME, TTDT_AUTOPOP));
 }
 
 } // namespace

@@ -118,6 +118,65 @@ TEST_F(ToolTip, TwoDisabledNeighboursEachShowTheirOwn) {
     EXPECT_TRUE(gui::WaitUntil([this] { return Shown(*m_Second); }));
 }
 
+// A frame in a frame, with a control and room beside it.
+class ToolTipInFrames : public ToolTip {
+protected:
+    void SetUp() override {
+        ToolTip::SetUp();
+        On([this] {
+            m_Outer = gui::MakeWindow(m_Form, {20, 70, 280, 180});
+            m_Inner = gui::MakeWindow(m_Outer, {10, 10, 200, 100});
+            m_Held = gui::MakeWindow(m_Inner, {10, 10, 110, 50});
+            ASSERT_TRUE(
+                m_Tip->Create(m_Held, u"Held", kBalloon, false, 0, u"", kNoColour, kNoColour, -1, kSoon));
+        });
+    }
+    void Leave() {
+        gui::MoveTo(gui::ToScreen(m_Form, 290, 190));
+        EXPECT_TRUE(WaitHidden());
+    }
+
+    HWND m_Outer = nullptr, m_Inner = nullptr, m_Held = nullptr;
+};
+
+TEST_F(ToolTipInFrames, ItShowsWhicheverOfThemAreDisabled) {
+    for (int disabled = 0; disabled < 8; ++disabled) {
+        On([&] {
+            EnableWindow(m_Held, !(disabled & 1));
+            EnableWindow(m_Inner, !(disabled & 2));
+            EnableWindow(m_Outer, !(disabled & 4));
+        });
+        Hover(m_Held);
+        EXPECT_TRUE(WaitShown()) << disabled;
+        gui::MoveTo(gui::ToScreen(m_Inner, 150, 30)); // beside it, in the same frame
+        EXPECT_TRUE(WaitHidden()) << disabled;
+        Hover(m_Held);
+        EXPECT_TRUE(WaitShown()) << disabled;
+        Leave();
+    }
+}
+
+TEST_F(ToolTipInFrames, WhatIsCoveredOrHiddenInThemHasNone) {
+    HWND cover = nullptr;
+    On([&] {
+        EnableWindow(m_Outer, FALSE);
+        cover = gui::MakeWindow(m_Form, {20, 70, 280, 180});
+        SetWindowPos(cover, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE);
+        EnableWindow(cover, FALSE);
+    });
+    Hover(m_Held);
+    EXPECT_TRUE(StaysHidden());
+    On([&] {
+        ShowWindow(cover, SW_HIDE);
+        ShowWindow(m_Inner, SW_HIDE);
+    });
+    gui::MoveTo(gui::ToScreen(m_Held, 40, 20));
+    EXPECT_TRUE(StaysHidden());
+    On([&] { ShowWindow(m_Inner, SW_SHOWNA); });
+    Hover(m_Held);
+    EXPECT_TRUE(WaitShown());
+}
+
 TEST_F(ToolTip, WhatIsNoWindowGetsNone) {
     On([this] {
         EXPECT_FALSE(m_Tip->Create(nullptr, u"Text", kBalloon, false, 0, u"", 0, 0, -1, -1));
@@ -131,13 +190,15 @@ TEST_F(ToolTip, WhatIsNoWindowGetsNone) {
 
 TEST_F(ToolTip, ASecondCreateTakesThePlaceOfTheFirst) {
     Create();
+    Hover(m_Left);
+    ASSERT_TRUE(WaitShown());
     const HWND first = m_Tip->hWnd();
     On([this] {
         ASSERT_TRUE(
             m_Tip->Create(m_Right, u"Right", kBalloon, false, 0, u"", kNoColour, kNoColour, -1, kSoon));
     });
     EXPECT_FALSE(IsWindow(first));
-    Hover(m_Left);
+    gui::MoveTo(gui::ToScreen(m_Left, 5, 5));
     EXPECT_TRUE(StaysHidden());
     Hover(m_Right);
     EXPECT_TRUE(WaitShown());
@@ -166,6 +227,8 @@ TEST_F(ToolTip, TheControlMayEndBeforeItsTip) {
 
 TEST_F(ToolTip, TheFormMayEndBeforeTheTip) {
     Create();
+    Hover(m_Left);
+    ASSERT_TRUE(WaitShown());
     const HWND tip = m_Tip->hWnd();
     On([this] {
         DestroyWindow(m_Form);
@@ -173,6 +236,15 @@ TEST_F(ToolTip, TheFormMayEndBeforeTheTip) {
         m_Tip.reset();
     });
     EXPECT_FALSE(IsWindow(tip));
+}
+
+TEST_F(ToolTip, ItComesAlsoWhereTheMouseRestsAlready) {
+    Hover(m_Left);
+    m_Ui.Settle();
+    Create();
+    EXPECT_TRUE(StaysHidden());
+    On([this] { m_Tip->Hover(); });
+    EXPECT_TRUE(WaitShown());
 }
 
 TEST_F(ToolTip, ATipEndsWhileItShows) {

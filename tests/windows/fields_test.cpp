@@ -429,21 +429,4 @@ TEST_F(Fields, AFontIsAValueAndItsChangeRepaints) {
     });
 }
 
-TEST_F(Fields, TipsComeFromTheTextAndGoWithIt) {
-    FieldsForm& form = *m_Shown;
-    const auto tips = [] {
-        int count = 0;
-        for (HWND w = nullptr; (w = FindWindowExW(nullptr, w, L"tooltips_class32", nullptr)) != nullptr;)
-            ++count;
-        return count;
-    };
-    m_Ui.Run([&] {
-        const int before = tips();
-        form.Clear.Base.ToolTipText(u"A tip");
-        EXPECT_EQ(tips(), before + 1);
-        form.Clear.Base.ToolTipText(u"");
-        EXPECT_EQ(tips(), before);
-    });
-}
-
 } // namespace

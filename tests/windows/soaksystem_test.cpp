@@ -17,6 +17,16 @@ namespace {
 
 using gui::LiveOnce;
 
+// Real moves: a tip's window comes with the mouse.
+void MoveAbout() {
+    static int at = 40;
+    at = at == 40 ? 41 : 40;
+    POINT inside{at, at};
+    ClientToScreen(GetForegroundWindow(), &inside);
+    gui::MoveTo(inside);
+    DoEvents();
+}
+
 // A combo with its skin, which goes first.
 template <class Combo>
 struct Skinned {
@@ -88,16 +98,18 @@ const gui::Soaked kKinds[] = {
      }},
     {"TipOfTheKit", 500,
      [](Form& form, int& told) {
-         LiveOnce<Label>(form, SOAK_ROW(u"label", u"ToolTipText=A tip"),
-                         [&](Label& label) { label.MouseDown = [&](int, int, int, int) { ++told; }; });
+         LiveOnce<Label>(form, SOAK_ROW(u"label", u"ToolTipText=A tip"), [&](Label&) {
+             MoveAbout();
+             told += FindWindowExW(nullptr, nullptr, L"tooltips_class32", nullptr) != nullptr;
+         });
      }},
     {"Balloon", 500,
      [](Form& form, int& told) {
          cToolTip tip;
-         told += tip.Create(form.Base.hWnd(), u"One|Two", 65, true, 1, u"Title", 0, 0xFFFFFF, -1, 10);
+         tip.Create(form.Base.hWnd(), u"One|Two", 65, true, 1, u"Title", 0, 0xFFFFFF, -1, 10);
+         MoveAbout();
+         told += tip.hWnd() != nullptr;
          tip.Title(u"Another");
-         SendMessageW(form.Base.hWnd(), WM_MOUSEMOVE, 0, MAKELPARAM(20, 20));
-         DoEvents();
      },
      0, 0},
 };
