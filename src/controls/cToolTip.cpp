@@ -1,7 +1,7 @@
 // One tip window with one tool. Tips learn of the mouse by one hook of their thread: a disabled
 // window gets no mouse messages, they go to the nearest enabled one round it, be it the parent
 // or the form, and to watch all of those by subclassing is dear. There the tool lies then, in
-// the place of the control; a tip looks for the window under the mouse that way itself.
+// the place of the control: the system's tip, too, asks which enabled window is under the mouse.
 //
 // The tip is told of the mouse from here: where it listens by itself, the end of one tip can
 // make another one of the same window deaf. Its window is made late, as most are never seen.
@@ -9,7 +9,7 @@
 // The tip window has no owner: a window that owns another one would take it along when it
 // becomes top-most, or not become so itself.
 //
-// Tested by tests/windows/ctooltip_test.cpp.
+// Tested by tests/windows/ctooltip_test.cpp, ctooltip_content_test.cpp, controltip_test.cpp.
 
 #include "controls/cToolTip.h"
 

@@ -96,6 +96,19 @@ TEST_F(ToolTip, AHiddenOrCoveredDisabledControlHasNone) {
     EXPECT_TRUE(StaysHidden());
 }
 
+TEST_F(ToolTip, WhileTheMouseIsCapturedNoneShows) {
+    Create();
+    On([this] {
+        EnableWindow(m_Left, FALSE);
+        SetCapture(m_Form);
+    });
+    Hover(m_Left);
+    EXPECT_TRUE(StaysHidden());
+    On([] { ReleaseCapture(); });
+    gui::MoveTo(gui::ToScreen(m_Left, 40, 20));
+    EXPECT_TRUE(WaitShown());
+}
+
 TEST_F(ToolTip, TwoDisabledNeighboursEachShowTheirOwn) {
     Create();
     On([this] {
