@@ -8,6 +8,7 @@
 #include "controls/Painting.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace {
 
@@ -165,20 +166,26 @@ bool FontCombo::OnCommand(UINT notification) {
     switch (notification) {
     case CBN_SELENDOK:
         m_TextBefore.reset();
-        // By arrow keys it comes from a closed list too. The text follows only behind it.
-        if (ComboField::Dropped(Base)) PostMessageW(Base.hWnd(), kChosen, 0, 0);
+        // By arrow keys it comes from a closed list too, and from an open one that stays open.
+        m_Choosing = ComboField::Dropped(Base);
+        break;
+    case CBN_SELENDCANCEL:
+        m_Choosing = false;
         break;
     case CBN_SELCHANGE:
     case CBN_EDITCHANGE:
         Base.Notify(EVENT_OBJECT_VALUECHANGE);
         break;
     case CBN_DROPDOWN:
+        m_Choosing = false;
         m_TextBefore = Text();
         m_IndexBefore = ListIndex() >= 0 ? ListIndex() : Find(*m_TextBefore);
         PostMessageW(Base.hWnd(), kOpened, 0, 0);
         Base.Notify(EVENT_OBJECT_STATECHANGE);
         break;
     case CBN_CLOSEUP:
+        // The text follows only behind it.
+        if (std::exchange(m_Choosing, false)) PostMessageW(Base.hWnd(), kChosen, 0, 0);
         FreeFonts();
         Base.Notify(EVENT_OBJECT_STATECHANGE);
         break;
@@ -210,6 +217,8 @@ void FontCombo::OnChanged(Change what) {
     SendMessageW(Base.hWnd(), CB_SETITEMHEIGHT, 0, Base.Scaled(kRowHeight));
     if (m_DropDownWidth > 0) DropDownWidth(Base.Pixels(m_DropDownWidth));
     Base.Move(Base.Left(), Base.Top(), Base.Width(), Base.Height());
+    // Where the place stays, only the face of the text changes.
+    if (m_Edit) InvalidateRect(m_Edit, nullptr, TRUE);
 }
 
 void FontCombo::OnPlace(const RECT& pixels) {
@@ -239,6 +248,7 @@ bool FontCombo::OnWantsKey(WPARAM) {
 LRESULT FontCombo::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam) {
     switch (iMsg) {
     case WM_GETOBJECT:
+        if (static_cast<DWORD>(lParam) != static_cast<DWORD>(OBJID_CLIENT)) break; // its caret is its own
         return SendMessageW(Base.hWnd(), iMsg, wParam, lParam);
     case WM_CHAR:
         // The dropped list ends by them; the line of text has no use for them and beeps.

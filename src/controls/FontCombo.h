@@ -68,6 +68,7 @@ private:
     std::vector<Row> m_Entries;
     std::optional<std::u16string> m_TextBefore; // while the list opens
     int m_IndexBefore = -1;
+    bool m_Choosing = false; // an entry was chosen in the open list
     HWND m_Edit = nullptr;
     int m_DropDownWidth = 0; // twips; 0: the box's own
     DroppedList m_List;
