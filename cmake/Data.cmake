@@ -49,7 +49,12 @@ if(EXISTS "${CMAKE_SOURCE_DIR}/data/Plugin.INI")
 endif()
 
 if(WIN32)
-  find_package(Python3 REQUIRED COMPONENTS Interpreter)
+  find_package(Python3 COMPONENTS Interpreter)
+  if(NOT Python3_FOUND)
+    message(STATUS "Sounds are off: nothing makes them (Debian package python3)")
+  endif()
+endif()
+if(WIN32 AND Python3_FOUND)
   set(sounds "${data_dir}/Over.wav" "${data_dir}/click.wav" "${data_dir}/Complete.wav")
   add_custom_command(OUTPUT ${sounds}
     COMMAND "${Python3_EXECUTABLE}" "${CMAKE_SOURCE_DIR}/tools/make-sounds.py" "${data_dir}"
@@ -66,3 +71,12 @@ if(CMAKE_CROSSCOMPILING)
   list(APPEND made "${data_dir}/zorvak.exe")
 endif()
 add_custom_target(data ALL DEPENDS ${made})
+
+# What a source that is gone once made must not ship. Only that goes: a plug-in that somebody
+# put there is theirs.
+foreach(file IN LISTS ZC_MADE)
+  if(NOT file IN_LIST made)
+    file(REMOVE "${file}")
+  endif()
+endforeach()
+set(ZC_MADE "${made}" CACHE INTERNAL "Data files of the last configuration")

@@ -5,13 +5,16 @@ if(NOT RSVG_CONVERT)
   message(STATUS "Programs with windows are off: nothing draws their pictures (Debian package librsvg2-bin)")
   return()
 endif()
+if(NOT Python3_FOUND)
+  message(STATUS "Programs with windows are off: nothing makes their shapes and pictures (Debian package python3)")
+  return()
+endif()
 enable_language(RC)
 set(face_resources "${CMAKE_SOURCE_DIR}/res/face.rc")
 set_property(SOURCE "${face_resources}" APPEND PROPERTY
   OBJECT_DEPENDS "${CMAKE_SOURCE_DIR}/res/face.manifest")
 
 # Window shapes: region data made from the lists of rectangles in data/shapes.
-find_package(Python3 REQUIRED COMPONENTS Interpreter)
 set(shape_dir "${CMAKE_BINARY_DIR}/shapes")
 file(MAKE_DIRECTORY "${shape_dir}")
 file(GLOB shapes CONFIGURE_DEPENDS "${CMAKE_SOURCE_DIR}/data/shapes/*.tsv")
