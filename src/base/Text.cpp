@@ -124,6 +124,13 @@ bool ToCp1252(std::u16string_view units, std::string& bytes) {
     return true;
 }
 
+std::string ToAnsi(std::u16string_view units) {
+    std::string bytes(units.size(), '?');
+    for (std::size_t i = 0; i < units.size(); ++i)
+        if (const int byte = ToCp1252(units[i]); byte >= 0) bytes[i] = static_cast<char>(byte);
+    return bytes;
+}
+
 std::u16string FromUtf8(std::string_view bytes, std::size_t* invalid) {
     std::u16string units(bytes.size(), u'\0');
     char16_t* to = units.data();

@@ -19,6 +19,8 @@ void FromCp1252(std::string_view bytes, char16_t* room);
 int ToCp1252(char16_t unit);
 // False where a unit has no byte; bytes is then left as it was.
 bool ToCp1252(std::u16string_view units, std::string& bytes);
+// One byte for each unit; a unit that has none becomes '?'.
+std::string ToAnsi(std::u16string_view units);
 
 // Invalid input becomes U+FFFD, one for each maximal part that no valid sequence begins
 // with; invalid (may be null) is raised by their number.
@@ -32,6 +34,7 @@ bool IsUtf8BeyondAscii(std::string_view bytes);
 
 // UTF-16 little-endian bytes. An odd last byte becomes U+FFFD.
 std::u16string FromUtf16Le(std::string_view bytes);
+// Two bytes for each unit, without a mark; lone surrogates as they are.
 std::string ToUtf16Le(std::u16string_view units);
 
 // Parts between separators; the text without any is one part, so is the empty text.
@@ -41,6 +44,7 @@ std::u16string ReplaceAll(std::u16string_view units, std::u16string_view find, s
 // A to Z only.
 std::u16string LowerAscii(std::u16string_view units);
 bool EqualNoCase(std::u16string_view a, std::u16string_view b);
+// The digits, a minus in front of a negative value.
 std::u16string Decimal(long long value);
 
 } // namespace text

@@ -14,8 +14,6 @@ namespace terminal {
 
 enum class Stream { Output, Error };
 
-// --- Text
-
 // Writes text to standard output. The first failure is kept for OutputFailure() and all later
 // writes do nothing.
 void Print(std::u16string_view units);
@@ -32,8 +30,6 @@ std::u16string Visible(std::u16string_view units, std::size_t limit = 120);
 // "Subscript out of range (failure 9)".
 std::u16string FailureText(const RuntimeFailure& failure);
 
-// --- Bytes
-
 // Up to size bytes of standard input into buffer; got is 0 at the end. False where reading
 // failed, with the system's text in failure.
 bool ReadInput(char* buffer, std::size_t size, std::size_t& got, std::u16string& failure);
@@ -47,8 +43,6 @@ bool OutputClosed();
 // The system's text of the failure; empty while all went well.
 const std::u16string& OutputFailure();
 
-// --- The terminal itself
-
 bool IsTerminal(Stream stream);
 
 // A bar on standard error, where that is a terminal; elsewhere all of this does nothing.
@@ -59,7 +53,7 @@ void ClearProgress();
 // One line of at most columns - 1 characters: label, bar and percentage.
 std::u16string ProgressLine(std::u16string_view label, std::int64_t value, std::int64_t max, int columns);
 
-// --- The two sides (Terminal_win.cpp, Terminal_portable.cpp)
+// From here on the two sides (Terminal_win.cpp, Terminal_portable.cpp) answer.
 
 // Call once, before all else: binary streams, a closed pipe as a failure instead of a signal.
 void Start();

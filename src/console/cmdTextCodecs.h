@@ -18,6 +18,7 @@ Progress Cp1252FromUtf8(std::string_view bytes, char* out);
 // The same for UTF-16: units read.
 Progress Cp1252FromUnits(std::u16string_view units, char* out);
 
+// Line feeds of a block.
 std::size_t CountLf(std::string_view bytes);
 std::size_t CountLf(std::u16string_view units);
 // Surrogates that have no partner beside them.

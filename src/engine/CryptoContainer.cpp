@@ -55,11 +55,4 @@ std::uint32_t Length(std::string_view bytes) {
     return static_cast<std::uint32_t>(bytes.size());
 }
 
-std::string ToAnsi(std::u16string_view units) {
-    std::string bytes(units.size(), '?');
-    for (std::size_t i = 0; i < units.size(); ++i)
-        if (const int byte = text::ToCp1252(units[i]); byte >= 0) bytes[i] = static_cast<char>(byte);
-    return bytes;
-}
-
 } // namespace container

@@ -23,7 +23,4 @@ void Split(std::string& bytes, std::u16string& trailer);
 // The number of bytes as CryptoAPI counts them, in 32 bits. Failure 6 where there are more.
 std::uint32_t Length(std::string_view bytes);
 
-// Bytes of the ANSI code page; a unit that has none becomes '?'.
-std::string ToAnsi(std::u16string_view units);
-
 } // namespace container

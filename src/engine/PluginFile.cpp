@@ -35,7 +35,7 @@ std::string MakeFile(std::u16string_view payload) {
     clsCryptoAPI crypto(std::move(operations));
     crypto.SessionStart();
     crypto.EncryptByteArray(bytes, AssemblePassPhrase());
-    return container::Join(bytes, container::ToAnsi(crypto.ValueSALT()));
+    return container::Join(bytes, text::ToAnsi(crypto.ValueSALT()));
 }
 
 } // namespace plugin

@@ -56,7 +56,7 @@ void clsCryptoAPI::EncryptFile(std::u16string_view inputPath, std::u16string_vie
     std::string bytes = container::Read(inputPath);
     if (bytes.empty()) throw RuntimeFailure(kSubscriptOutOfRange, u"clsCryptoAPI");
     EncryptByteArray(bytes, password);
-    container::Write(outputPath, container::Join(bytes, container::ToAnsi(m_Salt)));
+    container::Write(outputPath, container::Join(bytes, text::ToAnsi(m_Salt)));
 }
 
 void clsCryptoAPI::DecryptFile(std::u16string_view inputPath, std::u16string_view outputPath,
@@ -91,11 +91,11 @@ std::u16string clsCryptoAPI::DecryptString(std::u16string_view text, std::u16str
 }
 
 void clsCryptoAPI::EncryptByteArray(std::string& bytes, std::u16string_view password) {
-    bytes = container::ToAnsi(CipherWithPassword(text::FromCp1252(bytes), password, true));
+    bytes = text::ToAnsi(CipherWithPassword(text::FromCp1252(bytes), password, true));
 }
 
 void clsCryptoAPI::DecryptByteArray(std::string& bytes, std::u16string_view password) {
-    bytes = container::ToAnsi(CipherWithPassword(text::FromCp1252(bytes), password, false));
+    bytes = text::ToAnsi(CipherWithPassword(text::FromCp1252(bytes), password, false));
 }
 
 void clsCryptoAPI::SessionStart() {
@@ -129,12 +129,12 @@ std::u16string clsCryptoAPI::CipherWithPassword(std::u16string_view text, std::u
             Fail(u"DLL error code shown above. Could not generate a random SALT");
         m_Salt = text::FromCp1252(salt);
     }
-    std::string salt = container::ToAnsi(m_Salt);
+    std::string salt = text::ToAnsi(m_Salt);
     salt.resize(kSaltLength, '\0');
     if (!m_Operations.CryptSetKeyParam(m_hSessionKey, kSaltParameter, BytesOf(salt), 0))
         Fail(u"DLL error code shown above. Could not set the SALT.");
 
-    std::string bytes = container::ToAnsi(text);
+    std::string bytes = text::ToAnsi(text);
     Dword length = container::Length(bytes);
     if (encrypting) {
         if (!m_Operations.CryptEncrypt(m_hSessionKey, 0, true, 0, BytesOf(bytes), length, length))
@@ -149,7 +149,7 @@ std::u16string clsCryptoAPI::CipherWithPassword(std::u16string_view text, std::u
 }
 
 void clsCryptoAPI::DeriveSessionKey(std::u16string_view password) {
-    const Handle hash = HashOf(container::ToAnsi(password));
+    const Handle hash = HashOf(text::ToAnsi(password));
     struct Release {
         const CryptoOperations& operations;
         Handle hash;

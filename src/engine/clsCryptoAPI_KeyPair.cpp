@@ -87,7 +87,7 @@ void clsCryptoAPI::Import_KeyPair(std::u16string_view password, bool privateKey)
     if (m_PublicPrivateKey.empty() && m_PublicKey.empty())
         Fail(u"One of the ValueXXXKey properties must hold a valid key");
     if (privateKey) DeriveSessionKey(password);
-    std::string blob = container::ToAnsi(privateKey ? m_PublicPrivateKey : m_PublicKey);
+    std::string blob = text::ToAnsi(privateKey ? m_PublicPrivateKey : m_PublicKey);
 
     Handle pair = 0;
     if (!m_Operations.CryptImportKey(m_hCryptProv, BytesOf(blob), static_cast<Dword>(blob.size()),
@@ -104,7 +104,7 @@ void clsCryptoAPI::Import_KeyPair(std::u16string_view password, bool privateKey)
 
 void clsCryptoAPI::EncryptFile_KeyPair(std::u16string_view inputPath, std::u16string_view outputPath) {
     const std::string bytes = EncryptByteArray_KeyPair(container::Read(inputPath));
-    container::Write(outputPath, container::Join(bytes, container::ToAnsi(m_SessionKey)));
+    container::Write(outputPath, container::Join(bytes, text::ToAnsi(m_SessionKey)));
 }
 
 std::u16string clsCryptoAPI::DecryptFile_KeyPair(std::u16string_view inputPath,
@@ -125,15 +125,15 @@ std::u16string clsCryptoAPI::DecryptString_KeyPair(std::u16string_view text) {
 }
 
 std::string clsCryptoAPI::EncryptByteArray_KeyPair(std::string bytes) {
-    return container::ToAnsi(CipherWithKeyPair(text::FromCp1252(bytes), true));
+    return text::ToAnsi(CipherWithKeyPair(text::FromCp1252(bytes), true));
 }
 
 std::string clsCryptoAPI::DecryptByteArray_KeyPair(std::string bytes) {
-    return container::ToAnsi(CipherWithKeyPair(text::FromCp1252(bytes), false));
+    return text::ToAnsi(CipherWithKeyPair(text::FromCp1252(bytes), false));
 }
 
 std::u16string clsCryptoAPI::CipherWithKeyPair(std::u16string_view text, bool encrypting) {
-    std::string bytes = container::ToAnsi(text);
+    std::string bytes = text::ToAnsi(text);
     Dword length = container::Length(bytes);
     Handle userKey = 0;
     Handle sessionKey = 0;
@@ -154,7 +154,7 @@ std::u16string clsCryptoAPI::CipherWithKeyPair(std::u16string_view text, bool en
         if (!m_Operations.CryptGetUserKey(m_hCryptProv, static_cast<Dword>(m_KeySpec), userKey))
             Fail(u"DLL error code shown above. Could not obtain private key for use in key pair decryption");
         const Release user{m_Operations.CryptDestroyKey, userKey};
-        std::string blob = container::ToAnsi(m_SessionKey);
+        std::string blob = text::ToAnsi(m_SessionKey);
         if (!m_Operations.CryptImportKey(m_hCryptProv, BytesOf(blob), static_cast<Dword>(blob.size()),
                                          userKey, 0, sessionKey))
             Fail(u"DLL error code shown above. Could not import the session key during key pair decryption.  "
@@ -171,7 +171,7 @@ std::u16string clsCryptoAPI::CipherWithKeyPair(std::u16string_view text, bool en
 
 void clsCryptoAPI::SignFile_KeyPair(std::u16string_view inputPath, std::u16string_view outputPath) {
     const std::string bytes = SignByteArray_KeyPair(container::Read(inputPath));
-    container::Write(outputPath, container::Join(bytes, container::ToAnsi(m_Signature)));
+    container::Write(outputPath, container::Join(bytes, text::ToAnsi(m_Signature)));
 }
 
 std::u16string clsCryptoAPI::ValidateFile_KeyPair(std::u16string_view inputPath,
@@ -202,7 +202,7 @@ std::u16string clsCryptoAPI::ValidateString_KeyPair(std::u16string_view text) {
 }
 
 std::u16string clsCryptoAPI::SignOrValidate(std::u16string_view text, bool signing) {
-    const Handle hash = HashOf(container::ToAnsi(text));
+    const Handle hash = HashOf(text::ToAnsi(text));
     const Release release{m_Operations.CryptDestroyHash, hash};
     if (signing) {
         constexpr std::u16string_view kFailed = u"DLL error code shown above. Could not sign the hash";
@@ -215,7 +215,7 @@ std::u16string clsCryptoAPI::SignOrValidate(std::u16string_view text, bool signi
         signature.resize(std::min<std::size_t>(length, signature.size()));
         m_Signature = text::FromCp1252(signature);
     } else {
-        std::string signature = container::ToAnsi(m_Signature);
+        std::string signature = text::ToAnsi(m_Signature);
         if (!m_Operations.CryptVerifySignatureA(
                 hash, BytesOf(signature), static_cast<Dword>(signature.size()), m_hKeyPair, nullptr, 0)) {
             if (m_Operations.LastError() == kBadSignature)

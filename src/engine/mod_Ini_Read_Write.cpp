@@ -13,7 +13,6 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
-#include "engine/CryptoContainer.h"
 
 #include <algorithm>
 
@@ -92,7 +91,7 @@ std::u16string ValueOf(std::string_view bytes, std::u16string_view section, std:
         if (!text::EqualNoCase(UpToNul(Trim(line.substr(0, equals))), key)) continue;
         if (equals == line.npos) return {};
         const View value = Unquoted(UpToNul(Trim(line.substr(equals + 1))));
-        return text::FromCp1252(container::ToAnsi(value));
+        return text::FromCp1252(text::ToAnsi(value));
     }
     return {};
 }
@@ -100,7 +99,7 @@ std::u16string ValueOf(std::string_view bytes, std::u16string_view section, std:
 std::u16string ReadByOwn(std::u16string_view section, std::u16string_view key, std::u16string_view file) {
     std::string bytes;
     if (!files::ReadAll(file, bytes)) return {};
-    const auto ansi = [](View units) { return text::FromCp1252(container::ToAnsi(units)); };
+    const auto ansi = [](View units) { return text::FromCp1252(text::ToAnsi(units)); };
     return ValueOf(bytes, ansi(section), ansi(key));
 }
 

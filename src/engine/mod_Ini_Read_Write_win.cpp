@@ -2,7 +2,6 @@
 
 #include "base/Text.h"
 #include "base/win.h"
-#include "engine/CryptoContainer.h"
 
 namespace mod_Ini_Read_Write {
 namespace {
@@ -33,9 +32,8 @@ std::u16string ReadBySystem(std::u16string_view section, std::u16string_view key
     if (path.empty() || path.size() >= MAX_PATH) return ReadByOwn(section, key, file);
 
     char buffer[255] = {};
-    const DWORD length =
-        GetPrivateProfileStringA(container::ToAnsi(section).c_str(), container::ToAnsi(key).c_str(), "",
-                                 buffer, sizeof buffer, path.c_str());
+    const DWORD length = GetPrivateProfileStringA(text::ToAnsi(section).c_str(), text::ToAnsi(key).c_str(),
+                                                  "", buffer, sizeof buffer, path.c_str());
     return text::FromCp1252(std::string_view(buffer, length));
 }
 

@@ -24,6 +24,11 @@ TEST(Cp1252, RefusesWhatItDoesNotHoldAndLeavesTheOutput) {
     EXPECT_FALSE(text::ToCp1252(u"\u0080", bytes)); // 80 is the euro sign
 }
 
+TEST(Cp1252, ToAnsiKeepsTheLengthAndMarksWhatHasNoByte) {
+    EXPECT_EQ("a?\x80?\x81", text::ToAnsi(u"a\u0995\u20AC\u0080\u0081"));
+    EXPECT_EQ(std::string("\0??", 3), text::ToAnsi(std::u16string_view(u"\0\xD83D\xDE00", 3)));
+}
+
 TEST(Cp1252, NoOtherUnitHasAByte) {
     int found = 0;
     for (unsigned unit = 0; unit < 0x10000; ++unit) {

@@ -118,8 +118,6 @@ TEST_F(Plugin, AnOddLastByteIsAUnit) {
     EXPECT_EQ(converter.Convert(u"k"), u"K");
 }
 
-// ---- faults ----
-
 TEST_F(Plugin, EmptyFile) {
     EXPECT_EQ(LoadFailure(""), 9);
 }

@@ -150,8 +150,6 @@ TEST(RuleSource, AllMistakesAreToldInLineOrder) {
     EXPECT_EQ(lines, (std::vector<std::size_t>{0, 1, 3, 5, 6, 9, 9}));
 }
 
-// ---- payloads ----
-
 TEST(RuleSource, PayloadOfATable) {
     std::vector<Message> messages;
     EXPECT_EQ(Payload(Good(std::string(kMarkers) + "[rules]\nk = x y\na =\n= b\n"), messages),
@@ -225,8 +223,6 @@ TEST(RuleSource, ParsePayloadNamesTheLine) {
     EXPECT_NE(description(u"a\r\nb\r\nc\td\r\n").find(u"line 4 of the table is empty"), std::u16string::npos);
 }
 
-// ---- showing ----
-
 TEST(RuleSource, ShowIsASource) {
     std::vector<Message> messages;
     Table table =
@@ -295,8 +291,6 @@ TEST(RuleSource, ShowAndParseGoRound) {
         }
     }
 }
-
-// ---- the plain form ----
 
 TEST(RuleSource, PlainForm) {
     std::string plain;
