@@ -36,6 +36,8 @@ std::size_t NameStart(std::u16string_view path);
 std::u16string ParentFolder(std::u16string_view path);
 // folder, a separator unless it ends with one, and name.
 std::u16string Join(std::u16string_view folder, std::u16string_view name);
+// The path from the root: against the current folder where it is relative. Nothing needs to
+// stand there.
 std::u16string AbsolutePath(std::u16string_view path);
 // The folder of the running program, without a trailing separator.
 std::u16string ProgramFolder();
@@ -91,9 +93,14 @@ inline Result WriteNew(std::u16string_view path, std::string_view bytes) {
 }
 // Replaces like WriteReplacing; the copy has the source's attributes and time.
 Result Copy(std::u16string_view from, std::u16string_view to);
+// Removes a file, never a folder; one that is marked read-only where alsoReadOnly says so.
 Result Delete(std::u16string_view path, bool alsoReadOnly);
 Result CreateFolder(std::u16string_view path); // one level
+// Makes a file of a temporary name in folder and removes it: why no file can be made there.
+Result TryFolder(std::u16string_view folder);
+// The read-only mark of a file or folder; off Windows that nobody may write it.
 Result IsReadOnly(std::u16string_view path, bool& readOnly);
+// Sets or takes the mark. Off Windows taking it lets the owner write.
 Result SetReadOnly(std::u16string_view path, bool readOnly);
 
 // Names (not paths) of the files directly in folder, in name order (code units).

@@ -348,6 +348,11 @@ Result CreateFolder(std::u16string_view path) {
     return Answer(mkdir(Native(path).c_str(), 0777));
 }
 
+Result TryFolder(std::u16string_view folder) {
+    TemporaryFile file;
+    return file.Create(Native(Join(folder, u"x")));
+}
+
 Result IsReadOnly(std::u16string_view path, bool& readOnly) {
     struct stat info;
     Result result = Stat(path, info);

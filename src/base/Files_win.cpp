@@ -315,6 +315,17 @@ Result CreateFolder(std::u16string_view path) {
     return Answer(CreateDirectoryW(Wide(Native(path)), nullptr));
 }
 
+Result TryFolder(std::u16string_view folder) {
+    TemporaryFile temporary;
+    HANDLE made = INVALID_HANDLE_VALUE;
+    Result created = temporary.Create(Join(folder, u"x"), [&](const std::u16string& name) {
+        made = CreateFileW(Wide(name), GENERIC_WRITE, 0, nullptr, CREATE_NEW, FILE_ATTRIBUTE_NORMAL, nullptr);
+        return made != INVALID_HANDLE_VALUE;
+    });
+    const Handle file(made); // closed in front of the removal
+    return created;
+}
+
 Result IsReadOnly(std::u16string_view path, bool& readOnly) {
     const DWORD attributes = Attributes(path);
     if (attributes == INVALID_FILE_ATTRIBUTES) return Failed(GetLastError());

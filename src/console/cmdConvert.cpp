@@ -1,5 +1,5 @@
 // Each file is a batch of its own, so that a run-time failure costs that file alone.
-// Tested by tests/cli/test_convert.py.
+// Tested by tests/cli/test_convert*.py.
 
 #include "console/cmdConvert.h"
 
@@ -78,6 +78,10 @@ bool ReadOptions(const Arguments& arguments, Options& options, std::u16string& p
         options.folder = files::AbsolutePath(folder);
         if (folder.empty() || !files::FolderExists(options.folder)) {
             problem = u"--folder '" + folder + u"' is no folder";
+            return false;
+        }
+        if (const files::Result tried = files::TryFolder(options.folder); !tried) {
+            problem = u"--folder '" + folder + u"' takes no file: " + tried.text;
             return false;
         }
     }

@@ -86,6 +86,19 @@ TEST_F(FilesFaults, AFolderThatMayBeWrittenToButNotListed) {
     EXPECT_EQ("new", m_Folder.Get(u"a.txt"));
 }
 
+TEST_F(FilesFaults, TryFolderFeelsWhatWritingWould) {
+    std::filesystem::permissions(m_Folder.Path(), perms(0555));
+    EXPECT_EQ("Permission denied, Permission denied", AsNobody([&] {
+                  return All({Opened(m_Folder.Path(u"a.txt"), std::ios::out),
+                              Told(files::TryFolder(m_Folder.Name()))});
+              }));
+    // A folder that may be written but not listed.
+    std::filesystem::permissions(m_Folder.Path(), perms(0333));
+    EXPECT_EQ("done", AsNobody([&] { return Told(files::TryFolder(m_Folder.Name())); }));
+    std::filesystem::permissions(m_Folder.Path(), perms(0777));
+    EXPECT_EQ(0u, m_Folder.Names().size());
+}
+
 TEST_F(FilesFaults, AFileOfSomebodyElseIsNotReplacedByTheRightsOfItsFolder) {
     if (geteuid() != 0) GTEST_SKIP() << "only root can make a file that belongs to somebody else";
     const std::u16string path = m_Folder.Put(u"a.txt", "old");

@@ -173,6 +173,16 @@ TEST(Files, WriteNewNeverReplaces) {
     EXPECT_EQ(std::set<std::u16string>{u"a.txt"}, folder.Names());
 }
 
+TEST(Files, TryFolderLeavesNothingThere) {
+    TempFolder folder;
+    folder.Put(u"a.txt", "old");
+    EXPECT_TRUE(files::TryFolder(folder.Name()));
+    EXPECT_EQ(std::set<std::u16string>{u"a.txt"}, folder.Names());
+    EXPECT_FALSE(files::TryFolder(folder / u"a.txt"));
+    EXPECT_FALSE(files::TryFolder(folder / u"missing"));
+    EXPECT_EQ(std::set<std::u16string>{u"a.txt"}, folder.Names());
+}
+
 TEST(Files, OfManyWhoWriteOneNewNameOneWins) {
     TempFolder folder;
     for (int round = 0; round < 20; ++round) {
