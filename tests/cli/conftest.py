@@ -3,8 +3,7 @@
 ZORVAK_NATIVE   path of zorvak
 ZORVAK_WINDOWS  path of zorvak.exe, run under Wine (inside tools/wine-session)
 
-Each program has its data folders beside it. Tests of a program whose variable is not set
-are skipped.
+Each program has its data folders beside it. One whose variable is not set has no tests.
 """
 
 import os
@@ -107,8 +106,23 @@ class Program:
 def program_of(kind):
     path = os.environ.get(VARIABLES[kind])
     if not path:
-        pytest.skip(f"{VARIABLES[kind]} is not set")
+        pytest.fail(f"{VARIABLES[kind]} is not set")
     return Program(kind, path)
+
+
+def pytest_collection_modifyitems(config, items):
+    """Only the tests whose programs are set."""
+    def needs(item):
+        needed = {"native", "windows"} if "both" in item.fixturenames else {"native", "windows"} & {*item.fixturenames}
+        if "zorvak" in item.fixturenames:
+            needed.add(item.callspec.params["zorvak"])
+        return needed
+    absent = {kind for kind, variable in VARIABLES.items() if not os.environ.get(variable)}
+    if absent == set(VARIABLES):
+        raise pytest.UsageError(" or ".join(VARIABLES.values()) + " must be set")
+    left_out = [item for item in items if needs(item) & absent]
+    config.hook.pytest_deselected(items=left_out)
+    items[:] = [item for item in items if item not in left_out]
 
 
 @pytest.fixture(params=["native", "windows"])
@@ -119,6 +133,11 @@ def zorvak(request):
 @pytest.fixture
 def native():
     return program_of("native")
+
+
+@pytest.fixture
+def windows():
+    return program_of("windows")
 
 
 @pytest.fixture
@@ -156,8 +175,7 @@ def unprivileged():
     """The start of a command line that takes root's rights away; empty where there are none."""
     if os.geteuid() != 0:
         return []
-    if not shutil.which("setpriv"):
-        pytest.skip("setpriv is missing, and root feels no file rights")
+    assert shutil.which("setpriv"), "setpriv is missing, and root feels no file rights"
     return ["setpriv", "--reuid=65534", "--regid=65534", "--clear-groups"]
 
 
@@ -172,6 +190,17 @@ def open_folder(tmp_path_factory):
         if path.is_dir() and not path.is_symlink():
             path.chmod(0o777)
     shutil.rmtree(folder, ignore_errors=True)
+
+
+def write(path, content):
+    """A file of bytes, or of text in the code page of legacy files; its folder is made."""
+    path.parent.mkdir(parents=True, exist_ok=True)
+    path.write_bytes(content if isinstance(content, bytes) else content.encode("cp1252"))
+    return path
+
+
+def names(folder):
+    return sorted(path.name for path in folder.iterdir())
 
 
 def utf16(text):

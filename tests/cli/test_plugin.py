@@ -2,12 +2,7 @@
 
 import pytest
 
-from conftest import EXAMPLE_RULES, plain_table
-
-
-def write(path, content):
-    path.write_bytes(content if isinstance(content, bytes) else content.encode())
-    return path
+from conftest import EXAMPLE_RULES, plain_table, write
 
 
 @pytest.fixture

@@ -2,14 +2,9 @@
 
 import pytest
 
-from conftest import plain_table
+from conftest import plain_table, write
 
 HEAD = "[markers]\nreph = U+E001\nya-phala = U+E002\n[rules]\n"
-
-
-def write(path, content):
-    path.write_bytes(content if isinstance(content, bytes) else content.encode())
-    return path
 
 
 def check(zorvak, file):

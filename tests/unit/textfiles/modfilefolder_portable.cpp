@@ -1,7 +1,8 @@
-// What concerns names off Windows, and what would take too long under Wine.
+// What concerns names off Windows, and what Wine lacks or would take too long for.
 
 #include "textfiles/modFileFolder.h"
 
+#include "base/Files.h"
 #include "support/Failure.h"
 #include "support/TempFolder.h"
 
@@ -25,6 +26,22 @@ TEST(MakeOutputName, ABackslashIsAnOrdinaryCharacterOfAName) {
     TempFolder folder;
     EXPECT_EQ(folder / u"a\\b- Unicode.txt",
               modFileFolder::MakeOutputName(folder / u"a\\b.txt", u"- Unicode", u""));
+}
+
+// Wine keeps no read-only mark on folders.
+TEST(CopyFileTo, TakesTheReadOnlyMarkOffTheTargetsFolder) {
+    TempFolder folder;
+    const std::u16string source = folder.Put(u"a.txt", "new");
+    const std::u16string target = folder / u"d";
+    ASSERT_TRUE(files::CreateFolder(target));
+    ASSERT_TRUE(files::SetReadOnly(target, true));
+    bool readOnly = false;
+    ASSERT_TRUE(files::IsReadOnly(target, readOnly));
+    ASSERT_TRUE(readOnly);
+    EXPECT_TRUE(modFileFolder::CopyFileTo(source, target + u"/b.txt"));
+    ASSERT_TRUE(files::IsReadOnly(target, readOnly));
+    EXPECT_FALSE(readOnly);
+    EXPECT_EQ("new", folder.Get(u"d/b.txt"));
 }
 
 TEST(FileFolder, OpenDocumentDoesNothing) {

@@ -141,21 +141,6 @@ TEST(CopyFileTo, MakesOneLevelOfFolders) {
     EXPECT_FALSE(FolderExists(folder / u"two"));
 }
 
-TEST(CopyFileTo, TakesTheReadOnlyMarkOffTheTargetsFolder) {
-    TempFolder folder;
-    const std::u16string source = folder.Put(u"a.txt", "new");
-    const std::u16string target = folder / u"d";
-    ASSERT_TRUE(files::CreateFolder(target));
-    ASSERT_TRUE(files::SetReadOnly(target, true));
-    bool readOnly = false;
-    ASSERT_TRUE(files::IsReadOnly(target, readOnly));
-    if (!readOnly) GTEST_SKIP() << "this system keeps no read-only mark on folders (Wine)";
-    EXPECT_TRUE(CopyFileTo(source, files::Join(target, u"b.txt")));
-    ASSERT_TRUE(files::IsReadOnly(target, readOnly));
-    EXPECT_FALSE(readOnly);
-    EXPECT_EQ("new", folder.Get(Here(u"d/b.txt")));
-}
-
 TEST(CopyFileTo, IsFalseOnAnyFailure) {
     TempFolder folder;
     const std::u16string source = folder.Put(u"a.txt", "new");
