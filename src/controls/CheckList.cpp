@@ -132,9 +132,9 @@ void CheckList::Checked(int row, bool checked) {
 
 void CheckList::ListIndex(int row) {
     if (row < -1 || row >= ListCount() || row == m_Current) return;
-    InvalidateRow(m_Current);
+    InvalidateRow(MarkedRow());
     m_Current = row;
-    if (row < 0) return;
+    if (row < 0) return InvalidateRow(MarkedRow());
     Reveal(row);
     InvalidateRow(row);
     Base.Notify(EVENT_OBJECT_SELECTION, row + 1);
@@ -147,6 +147,10 @@ std::size_t CheckList::FontNumber(const ::Font& font) {
     if (known != m_Fonts.end()) return static_cast<std::size_t>(known - m_Fonts.begin());
     m_Fonts.emplace_back(font, FontHandle());
     return m_Fonts.size() - 1;
+}
+
+int CheckList::MarkedRow() const {
+    return m_Current >= 0 ? m_Current : m_Top;
 }
 
 RECT CheckList::PlaceOf(int row) const {
@@ -183,7 +187,7 @@ void CheckList::OnPaint(HDC dc, const RECT& client) {
                       .Checked = held.Checked,
                       .Pressed = row == m_Pressed,
                       .Selected = row == m_Current,
-                      .Focused = focused,
+                      .Focused = focused && row == MarkedRow(),
                       .Enabled = enabled,
                       .Dpi = Base.Dpi()});
     }
@@ -233,6 +237,6 @@ void DrawCheckRow(HDC dc, const RECT& place, const CheckRowState& state) {
     RECT text{across(kTextLeft), place.top, place.right, place.bottom};
     DrawTextIn(dc, state.Font, state.Text, text, ink,
                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
-    if (state.Selected && state.Focused && state.Enabled)
+    if (state.Focused && state.Enabled)
         DottedRectangle(dc, Inset(block, HairLine(state.Dpi)), ink, HairLine(state.Dpi));
 }

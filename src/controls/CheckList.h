@@ -51,6 +51,7 @@ private:
     void OnChanged(Change what);
     bool Valid(int row) const { return row >= 0 && row < ListCount(); }
     const Row& At(int row) const { return m_Rows[static_cast<std::size_t>(row)]; }
+    int MarkedRow() const;       // bears the sign of the focus: the current one, else the first seen
     RECT PlaceOf(int row) const; // also where it is out of sight
     void InvalidateRow(int row) const;
     std::size_t FontNumber(const ::Font& font);
@@ -84,7 +85,7 @@ struct CheckRowState {
     int Picture = -1;
     int Indent = 0; // pixels of 96 DPI
     bool Checked = false, Pressed = false, Selected = false;
-    bool Focused = false; // the list has the focus
+    bool Focused = false; // it bears the sign of the focus
     bool Enabled = true;
     int Dpi = 96;
 };

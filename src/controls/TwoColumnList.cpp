@@ -225,6 +225,11 @@ bool TwoColumnList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
         return true;
     case WM_PAINT:
         PaintBuffered(Base.hWnd(), [this](HDC dc, const RECT& client) { PaintRows(dc, client); });
+        // The list repaints the rows that it has changed or scrolled in, not the sign of the focus.
+        if (const int marked = MarkedTop(); marked != m_MarkedTop) {
+            m_MarkedTop = marked;
+            Base.Invalidate();
+        }
         return true;
     case WM_PRINTCLIENT: {
         RECT client;

@@ -63,6 +63,7 @@ private:
     RECT Row(int row) const;
 
     // TwoColumnListPaint.cpp
+    int MarkedTop() const;
     void PaintRows(HDC dc, const RECT& client) const;
     void PaintHeader(HDC dc, const RECT& client) const;
 
@@ -72,6 +73,7 @@ private:
     friend struct TwoColumnListRows;
     friend struct TwoColumnListHeads;
     HWND m_Header = nullptr;
+    int m_MarkedTop = -1; // as painted last
     std::u16string m_Heads[kColumns];
     AccessiblePart m_HeaderAccessible;
 };
@@ -84,6 +86,7 @@ struct TableRowState {
     bool Header = false;
     bool Selected = false;
     bool Focused = false; // the list has the focus
+    bool Marked = false;  // and shows it here
     bool Enabled = true;
     int Dpi = 96;
 };

@@ -13,6 +13,13 @@ constexpr COLORREF kQuietSelection = RGB(0xCF, 0xE3, 0xE3); // of a list without
 
 } // namespace
 
+// Without a selected row the first one seen tells where the focus is; else, or without the
+// focus, -1.
+int TwoColumnList::MarkedTop() const {
+    if (!Base.HasFocus() || ListIndex() >= 0) return -1;
+    return static_cast<int>(SendMessageW(Base.hWnd(), LVM_GETTOPINDEX, 0, 0));
+}
+
 void TwoColumnList::PaintRows(HDC dc, const RECT& client) const {
     const bool enabled = Base.EnabledInAll(), focused = Base.HasFocus();
     FillRectangle(dc, client, Theme::Pick(enabled ? palette::Card : palette::DisabledGround, COLOR_WINDOW));
@@ -25,7 +32,7 @@ void TwoColumnList::PaintRows(HDC dc, const RECT& client) const {
         state.Widths[column] =
             static_cast<int>(SendMessageW(Base.hWnd(), LVM_GETCOLUMNWIDTH, static_cast<WPARAM>(column), 0));
     const int selected = focused || !HideSelection() ? ListIndex() : -1;
-    const int count = ListCount();
+    const int count = ListCount(), markedTop = MarkedTop();
     for (int row = static_cast<int>(SendMessageW(Base.hWnd(), LVM_GETTOPINDEX, 0, 0)); row < count; ++row) {
         const RECT place = Row(row);
         if (place.top >= client.bottom || IsRectEmpty(&place)) break;
@@ -33,6 +40,7 @@ void TwoColumnList::PaintRows(HDC dc, const RECT& client) const {
         state.Texts[0] = first;
         state.Texts[1] = second;
         state.Selected = row == selected;
+        state.Marked = focused && (state.Selected || row == markedTop);
         DrawTableRow(dc, place, state);
     }
 }
@@ -92,5 +100,5 @@ void DrawTableRow(HDC dc, const RECT& place, const TableRowState& state) {
             FillRectangle(dc, {right - hair, ground.top, right, ground.bottom}, divider);
         left = right;
     }
-    if (state.Selected && state.Focused && state.Enabled) DottedRectangle(dc, Inset(ground, hair), ink, hair);
+    if (state.Marked && state.Enabled) DottedRectangle(dc, Inset(ground, hair), ink, hair);
 }

@@ -106,7 +106,7 @@ void DrawTables(const Paper& paper) {
     };
     row(32, 24, {.Texts = {}, .Header = true});
     row(56, 20, {});
-    row(76, 20, {.Texts = {}, .Selected = true, .Focused = true});
+    row(76, 20, {.Texts = {}, .Selected = true, .Focused = true, .Marked = true});
     row(96, 20, {.Texts = {}, .Selected = true});
     row(116, 20, {.Texts = {}, .Enabled = false});
     row(136, 20, {.Texts = {}, .Selected = true, .Enabled = false});

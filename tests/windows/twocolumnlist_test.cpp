@@ -256,6 +256,7 @@ TEST_F(Tables, WhatIsShownIsWhatTheRowsDraw) {
             .Font = m_Shown->Table.Base.FontInUse(),
             .Selected = true,
             .Focused = true,
+            .Marked = true,
             .Dpi = m_Shown->Window.Dpi()};
         return gui::Drawn(shown.Width, shown.Height, [&](HDC dc) { DrawTableRow(dc, row, state); });
     });
