@@ -113,6 +113,11 @@ bool StandsOnGround(const TavrelButtonState& state) {
     return state.ButtonStyle != kStyleXP && (state.TransparentBG || state.BackColor == kButtonFace);
 }
 
+// Told by its ground, which high contrast does not paint.
+bool Pinned(const TavrelButtonState& state) {
+    return state.ButtonStyle == kStyleFlat && state.BackColor == palette::PinnedBack;
+}
+
 void DrawFlat(HDC dc, const RECT& place, const TavrelButtonState& state) {
     if (!StandsOnGround(state)) FillRectangle(dc, place, Resolve(state.BackColor));
     if (state.ButtonStyle == kStyleNone || !state.Enabled || !(state.Pressed || state.Hovering)) return;
@@ -138,6 +143,9 @@ void DrawContrast(HDC dc, const RECT& place, const TavrelButtonState& state) {
         return;
     }
     if (pressed || !StandsOnGround(state)) FillRectangle(dc, place, fill);
+    if (Pinned(state))
+        FrameRectangle(dc, place, GetSysColor(state.Enabled ? COLOR_HIGHLIGHT : COLOR_GRAYTEXT),
+                       Scaled(2, state.Dpi));
     if (pressed || (state.Enabled && state.Hovering && state.ButtonStyle == kStyleFlat))
         FrameRectangle(dc, place, GetSysColor(COLOR_BTNTEXT), HairLine(state.Dpi));
 }
@@ -234,10 +242,11 @@ void DrawTavrelButton(HDC dc, const RECT& place, const TavrelButtonState& state)
     const bool image = state.Image && WidthOf(placed.Image) > 0;
     if (image) state.Image->DrawOnPlate(dc, placed.Image, state.Dpi, !state.Enabled);
     if (state.Focused && state.ShowFocusRect && state.ButtonStyle != kStyleXP) {
-        // On the white plate of a picture white dots would be lost: they go round it.
+        // On the white plate of a picture white dots would be lost: they go round it, also on
+        // the frame of a pinned one.
         const int inset = Scaled(contrast && image ? 1 : 4, state.Dpi);
-        DottedRectangle(dc, Inset(place, inset), Theme::Pick(palette::Ink, COLOR_WINDOWTEXT),
-                        HairLine(state.Dpi));
+        const int ink = Pinned(state) && image ? COLOR_HIGHLIGHTTEXT : COLOR_WINDOWTEXT;
+        DottedRectangle(dc, Inset(place, inset), Theme::Pick(palette::Ink, ink), HairLine(state.Dpi));
     }
     if (!caption.empty()) DrawCaption(dc, placed.Text, caption, state);
     RestoreDC(dc, saved);

@@ -271,4 +271,39 @@ TEST_F(ButtonLook, HighContrastShowsTheFocusRoundThePlate) {
     }
 }
 
+// Its ground is not painted then, and pictures alone are told by their shape.
+TEST_F(ButtonLook, HighContrastFramesAPinnedButton) {
+    Theme::ReplaceHighContrast([] { return true; });
+    const Picture square = RedSquare(16);
+    const COLORREF frame = GetSysColor(COLOR_HIGHLIGHT), face = GetSysColor(COLOR_BTNFACE);
+    for (const int dpi : {96, 144, 192}) {
+        const int width = 28 * dpi / 96, height = 24 * dpi / 96, two = 2 * dpi / 96;
+        TavrelButtonState state = FlatOn(palette::PinnedBack);
+        state.Image = &square;
+        state.ImageSize = {16, 16};
+        state.Dpi = dpi;
+        const auto frameOf = [&](COLORREF colour) {
+            const gui::Pixels drawn = Draw(width, height, state);
+            return drawn.Count(colour, {0, 0, width, two}) == width * two &&
+                   drawn.Count(colour, {0, height - two, width, height}) == width * two &&
+                   drawn.Count(colour, {0, 0, two, height}) == height * two &&
+                   drawn.Count(colour, {width - two, 0, width, height}) == height * two;
+        };
+        EXPECT_TRUE(frameOf(frame)) << dpi;
+        EXPECT_EQ(Draw(width, height, state).At(two, height / 2), face) << dpi; // no wider
+        EXPECT_EQ(Draw(width, height, state).Count(palette::PinnedBack), 0);
+        state.Enabled = false;
+        EXPECT_TRUE(frameOf(GetSysColor(COLOR_GRAYTEXT))) << dpi;
+        state.Enabled = true;
+        state.Focused = true; // its dots stand out from the frame
+        const int dot = Scaled(1, dpi);
+        EXPECT_EQ(Draw(width, height, state).At(dot, dot), GetSysColor(COLOR_HIGHLIGHTTEXT)) << dpi;
+        state.Focused = false;
+        state.BackColor = palette::Card;
+        EXPECT_EQ(Draw(width, height, state).Count(frame), 0) << dpi;
+    }
+    Theme::ReplaceHighContrast([] { return false; });
+    EXPECT_EQ(Draw(28, 24, FlatOn(palette::PinnedBack)).Count(palette::PinnedBack), 28 * 24);
+}
+
 } // namespace
