@@ -2,13 +2,14 @@
 
 #include "controls/EventFrame.h"
 #include "controls/Events.h"
+#include "controls/Form.h"
 
-#include <unordered_map>
+#include <unordered_set>
 
 namespace {
 // A tick may be under way when its timer has gone.
-std::unordered_map<UINT_PTR, Timer*>& Running() {
-    static std::unordered_map<UINT_PTR, Timer*> running;
+std::unordered_set<const Timer*>& Running() {
+    static std::unordered_set<const Timer*> running;
     return running;
 }
 } // namespace
@@ -41,24 +42,25 @@ bool Timer::OnProperty(std::u16string_view name, std::u16string_view value) {
     return true;
 }
 
+// The system ends it with the form's window.
 void Timer::Restart() {
     Stop();
-    if (!m_Enabled || m_Interval <= 0) return;
-    m_Id = SetTimer(nullptr, 0, static_cast<UINT>(m_Interval), OnTick);
-    Running()[m_Id] = this;
+    const Form* form = Base.Parent();
+    if (!m_Enabled || m_Interval <= 0 || !form || !form->Base.hWnd()) return;
+    m_Window = form->Base.hWnd();
+    SetTimer(m_Window, reinterpret_cast<UINT_PTR>(this), static_cast<UINT>(m_Interval), OnTick);
+    Running().insert(this);
 }
 
 void Timer::Stop() {
-    if (!m_Id) return;
-    KillTimer(nullptr, m_Id);
-    Running().erase(m_Id);
-    m_Id = 0;
+    if (!Running().erase(this)) return;
+    KillTimer(m_Window, reinterpret_cast<UINT_PTR>(this));
 }
 
 void CALLBACK Timer::OnTick(HWND, UINT, UINT_PTR id, DWORD) {
     if (EventFrame::Ending()) return;
     EventFrame::Run([id] {
-        const auto found = Running().find(id);
-        if (found != Running().end()) Raise(found->second->Tick);
+        const auto* timer = reinterpret_cast<const Timer*>(id);
+        if (Running().contains(timer)) Raise(timer->Tick);
     });
 }

@@ -12,7 +12,7 @@ public:
     Control Base;
     static const ControlKind kKind;
 
-    // Milliseconds; 0 stands still. Changing it begins anew.
+    // Milliseconds; 0 stands still. Changing it begins anew. It ticks while its form has a window.
     int Interval() const { return m_Interval; }
     void Interval(int milliseconds);
     bool Enabled() const { return m_Enabled; }
@@ -28,5 +28,5 @@ private:
 
     int m_Interval = 0;
     bool m_Enabled = false;
-    UINT_PTR m_Id = 0;
+    HWND m_Window = nullptr; // that it runs with
 };
