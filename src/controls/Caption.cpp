@@ -5,6 +5,7 @@
 char16_t AccessKeyOf(std::u16string_view caption) {
     for (std::size_t i = 0; i + 1 < caption.size(); ++i) {
         if (caption[i] != u'&') continue;
+        if (caption[i + 1] == u' ') continue; // Alt and a blank are the system menu's
         if (caption[i + 1] != u'&') {
             const auto unit = static_cast<ULONG_PTR>(caption[i + 1]);
             return static_cast<char16_t>(

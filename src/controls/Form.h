@@ -135,7 +135,7 @@ private:
     void KeepFocusUsable(const Control* focused);
     bool FilterKey(const MSG& message);
     bool PressButton(Control* button);
-    bool AccessKey(char16_t letter);
+    bool AccessKey(char16_t letter, bool repeated);
 
     void RememberFocus();
 

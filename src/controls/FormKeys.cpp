@@ -24,10 +24,10 @@ bool Forms::Filter(MSG& message) {
 }
 
 bool Form::FilterKey(const MSG& message) {
-    if (message.message == WM_SYSCHAR) return AccessKey(static_cast<char16_t>(message.wParam));
+    const bool repeated = (message.lParam & (1 << 30)) != 0;
+    if (message.message == WM_SYSCHAR) return AccessKey(static_cast<char16_t>(message.wParam), repeated);
     Control* focused = Control::Around(message.hwnd);
     const WPARAM key = message.wParam;
-    const bool repeated = (message.lParam & (1 << 30)) != 0;
     if (GetKeyState(VK_CONTROL) < 0) return false;
     if (key == VK_TAB) {
         if (focused == &Base)
@@ -51,7 +51,8 @@ bool Form::PressButton(Control* button) {
     return true;
 }
 
-bool Form::AccessKey(char16_t letter) {
+// One that is held down acts once.
+bool Form::AccessKey(char16_t letter, bool repeated) {
     // Looked for behind the focus, so that controls that share a key take turns.
     std::vector<Control*> order = m_Controls;
     const auto focused = std::find_if(order.begin(), order.end(),
@@ -62,6 +63,7 @@ bool Form::AccessKey(char16_t letter) {
     for (Control* control : order) {
         if (AccessKeyOf(control->Caption()) != wanted) continue;
         if (control->Kind().Press && control->Usable()) {
+            if (repeated) return true;
             const StillThere here(*control);
             if (control->Kind().Focusable) control->SetFocus();
             if (here) control->Kind().Press(control->m_Owner);
@@ -69,7 +71,7 @@ bool Form::AccessKey(char16_t letter) {
         }
         for (Control* labelled : m_Controls) {
             if (labelled->m_Label != control || !labelled->Usable()) continue;
-            labelled->SetFocus();
+            if (!repeated) labelled->SetFocus();
             return true;
         }
     }

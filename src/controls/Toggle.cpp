@@ -91,7 +91,8 @@ bool Toggle::OnInput(UINT message, WPARAM wParam, LPARAM lParam, const std::func
         return true;
     case WM_KEYDOWN:
         if (wParam != VK_SPACE) return false;
-        SetHeld(m_MouseHeld, true);
+        // What was held before the focus came is no press here.
+        if (!(lParam & (1 << 30))) SetHeld(m_MouseHeld, true);
         return true;
     case WM_SYSKEYUP: // released while Alt is held
     case WM_KEYUP: {

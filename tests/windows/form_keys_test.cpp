@@ -108,6 +108,36 @@ TEST_F(FormKeys, AccessKeysPressAndTakeTheFocus) {
     EXPECT_EQ(form.Other.Count, 0); // a doubled ampersand is none
 }
 
+TEST_F(FormKeys, AnAccessKeyThatIsHeldPressesOnce) {
+    KeysForm& form = *m_Shown;
+    gui::Key(VK_MENU, false);
+    for (int i = 0; i < 5; ++i) gui::Key('O', false);
+    gui::Key('O', true);
+    gui::Type('S'); // behind all of them
+    gui::Key(VK_MENU, true);
+    EXPECT_TRUE(Becomes([&] { return form.Stop->Count == 1; }));
+    EXPECT_EQ(form.Ok->Count, 1);
+    m_Ui.Run([&] {
+        // What is no access key here stays the system's, held or not.
+        for (const WPARAM sign : {L'o', L'x'}) {
+            MSG message{form.Text.Base.hWnd(), WM_SYSCHAR, sign, 1 << 29 | 1 << 30, 0, {}};
+            EXPECT_EQ(Forms::Filter(message), sign == L'o') << sign;
+        }
+    });
+    EXPECT_EQ(form.Ok->Count, 1);
+}
+
+// The system menu opens by it.
+TEST_F(FormKeys, ABlankBehindAnAmpersandIsNoAccessKey) {
+    KeysForm& form = *m_Shown;
+    m_Ui.Run([&] {
+        form.Other.Base.Caption(u"Save & Other");
+        MSG message{form.Text.Base.hWnd(), WM_SYSCHAR, L' ', 1 << 29, 0, {}};
+        EXPECT_FALSE(Forms::Filter(message));
+    });
+    EXPECT_EQ(form.Other.Count, 0);
+}
+
 // An ampersand is no key; the controls whose captions have none must not take it.
 TEST_F(FormKeys, AltWithAnAmpersandPressesNothing) {
     KeysForm& form = *m_Shown;

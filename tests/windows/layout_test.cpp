@@ -175,6 +175,8 @@ TEST(Caption, AccessKeys) {
     EXPECT_EQ(AccessKeyOf(u"A && &B"), u'b');
     EXPECT_EQ(AccessKeyOf(u"&&A"), 0);
     EXPECT_EQ(AccessKeyOf(u"&&&A"), u'a');
+    EXPECT_EQ(AccessKeyOf(u"Save & Close"), 0); // a blank is no key
+    EXPECT_EQ(AccessKeyOf(u"Save & &Close"), u'c');
     EXPECT_EQ(AccessKeyOf(u"A&"), 0);
     EXPECT_EQ(AccessKeyOf(u"&"), 0);
     EXPECT_EQ(AccessKeyOf(u""), 0);

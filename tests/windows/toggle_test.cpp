@@ -194,6 +194,18 @@ TEST_F(Toggle, LosingTheFocusEndsAHeldSpace) {
     EXPECT_EQ(Log(), Events{});
 }
 
+TEST_F(Toggle, ASpaceThatWasHeldBeforeTheFocusCameTogglesNothing) {
+    m_Ui.Run([&] { m_Shown->Ready->Base.SetFocus(); });
+    gui::Key(VK_SPACE, false);
+    ASSERT_TRUE(Becomes([&] { return m_Shown->Ready->State().Pressed; }));
+    m_Ui.Run([&] { m_Shown->Grey.Base.SetFocus(); });
+    gui::Key(VK_SPACE, false); // as a key that is held comes again
+    m_Ui.Settle();
+    EXPECT_FALSE(On([&] { return m_Shown->Grey.State().Pressed; }));
+    gui::Key(VK_SPACE, true);
+    EXPECT_EQ(Log(), Events{});
+}
+
 TEST_F(Toggle, ASpaceReleasedUnderAltDoesNotStayPressed) {
     m_Ui.Run([&] { m_Shown->Ready->Base.SetFocus(); });
     gui::Key(VK_SPACE, false);
