@@ -8,6 +8,7 @@
 namespace {
 
 constexpr int kRowsShown = 10;
+constexpr UINT kChosen = WM_APP + 1;
 
 constexpr AccessibleTable kAccessible = ComboField::Accessible<ComboBox>();
 
@@ -57,20 +58,41 @@ int ComboBox::ListIndex() const {
 void ComboBox::ListIndex(int index) {
     if (index < -1 || index >= ListCount() || index == ListIndex()) return;
     SendMessageW(Base.hWnd(), CB_SETCURSEL, static_cast<WPARAM>(index), 0);
-    m_Chosen = index;
+    Base.Invalidate(); // the system repaints its own field only, a skin is larger
+    TellChoice();
+}
+
+void ComboBox::TellChoice() {
+    m_Chosen = ListIndex();
     Base.Notify(EVENT_OBJECT_VALUECHANGE);
     Raise(Click);
 }
 
+void ComboBox::OnCommand(UINT notification) {
+    switch (notification) {
+    case CBN_SELCHANGE:
+        PostMessageW(Base.hWnd(), kChosen, 0, 0);
+        break;
+    case CBN_DROPDOWN:
+        Base.Notify(EVENT_OBJECT_STATECHANGE);
+        break;
+    case CBN_CLOSEUP:
+        Base.Notify(EVENT_OBJECT_STATECHANGE);
+        // Closing by Esc takes back what keys have chosen in the list, without SELCHANGE.
+        PostMessageW(Base.hWnd(), kChosen, 0, 0);
+        break;
+    default:
+        break;
+    }
+}
+
 bool ComboBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     if (message == kReflected + WM_COMMAND) {
-        // Closing the list by Esc takes back what keys have chosen in it, without SELCHANGE.
-        const bool told = HIWORD(wParam) == CBN_SELCHANGE || HIWORD(wParam) == CBN_CLOSEUP;
-        if (told && ListIndex() != m_Chosen) {
-            m_Chosen = ListIndex();
-            Base.Notify(EVENT_OBJECT_VALUECHANGE);
-            Raise(Click);
-        }
+        OnCommand(HIWORD(wParam));
+        return true;
+    }
+    if (message == kChosen) {
+        if (ListIndex() != m_Chosen) TellChoice();
         return true;
     }
     if (message == kReflected + WM_DRAWITEM) {

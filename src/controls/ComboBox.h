@@ -17,8 +17,8 @@ public:
     int ListCount() const;
     // 0-based; empty where there is no such entry.
     std::u16string List(int index) const;
-    // -1 for none. A change raises Click, also one by code; another index than -1 to
-    // ListCount - 1 is refused without a word.
+    // -1 for none. A change raises Click, one by code at once, the user's out of the queue;
+    // another index than -1 to ListCount - 1 is refused without a word.
     int ListIndex() const;
     void ListIndex(int index);
     // The chosen text; empty for none.
@@ -29,6 +29,8 @@ public:
 private:
     void OnCreated() { m_List.Watch(Base); }
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
+    void OnCommand(UINT notification);
+    void TellChoice();
     void OnChanged(Change what);
     void OnPlace(const RECT& pixels);
     bool OnWantsKey(WPARAM key);

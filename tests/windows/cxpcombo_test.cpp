@@ -136,6 +136,17 @@ TEST_F(Skins, ADroppedListKeepsTheHotFrame) {
     EXPECT_TRUE(gui::WaitUntil([&] { return Shown() == Drawn({.Hot = true, .Focused = true}); }));
 }
 
+TEST_F(Skins, AnIndexSetByCodeIsPaintedAsAWhole) {
+    m_Ui.Run([&] {
+        UpdateWindow(Combo());
+        m_Shown->Plain.ListIndex(1);
+        RECT dirty{}, client;
+        EXPECT_TRUE(GetUpdateRect(Combo(), &dirty, FALSE));
+        GetClientRect(Combo(), &client);
+        EXPECT_TRUE(EqualRect(&dirty, &client)) << dirty.left << ' ' << dirty.right;
+    });
+}
+
 TEST_F(Skins, AWindowThatComesOverTheComboCoolsIt) {
     Hover();
     HWND cover = nullptr;

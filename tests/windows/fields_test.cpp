@@ -191,8 +191,8 @@ TEST_F(Fields, AComboTellsEachChoiceOnce) {
     });
     EXPECT_EQ(clicks, 1);
     gui::Type(VK_DOWN);
-    EXPECT_TRUE(Becomes([&] { return form.Size.ListIndex() == 2; }));
-    EXPECT_EQ(On([&] { return clicks; }), 2);
+    EXPECT_TRUE(Becomes([&] { return clicks == 2; }));
+    EXPECT_EQ(On([&] { return form.Size.ListIndex(); }), 2);
 }
 
 TEST_F(Fields, ADroppedListKeepsEnterAndEsc) {
