@@ -126,6 +126,16 @@ void Control::Caption(std::u16string_view caption) {
     SetWindowTextW(m_hWnd, Wide(m_Caption));
     Tell(Change::Caption);
     Notify(EVENT_OBJECT_NAMECHANGE);
+    // A label names the field behind it.
+    for (const Control* other : m_Form->Controls()) {
+        if (other->m_Label == this && other->m_AccessibleName.empty()) other->Notify(EVENT_OBJECT_NAMECHANGE);
+    }
+}
+
+void Control::AccessibleName(std::u16string_view name) {
+    if (name == m_AccessibleName) return;
+    m_AccessibleName = name;
+    if (m_Made) Notify(EVENT_OBJECT_NAMECHANGE);
 }
 
 void Control::ToolTipText(std::u16string_view tip) {

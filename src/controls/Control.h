@@ -112,7 +112,7 @@ public:
     const std::u16string& ToolTipText() const { return m_ToolTipText; }
     void ToolTipText(std::u16string_view tip);
     const std::u16string& AccessibleName() const { return m_AccessibleName; }
-    void AccessibleName(std::u16string_view name) { m_AccessibleName = name; }
+    void AccessibleName(std::u16string_view name);
     // Place in the tab order; -1: not in it.
     int TabIndex() const { return m_TabIndex; }
     void TabIndex(int index) { m_TabIndex = index; }

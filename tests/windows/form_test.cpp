@@ -275,6 +275,26 @@ TEST_F(FormKit, ScreenReadersAreTold) {
     });
 }
 
+TEST_F(FormKit, WhatChangesANameIsTold) {
+    TestForm& form = *m_Shown;
+    const auto names = [](const Control& control, const std::function<void()>& change) {
+        const gui::HeardEvents heard;
+        change();
+        return heard.Count(EVENT_OBJECT_NAMECHANGE, control.hWnd());
+    };
+    m_Ui.Run([&] {
+        Control &field = form.TextHigh.Base, &combo = form.ComboHigh.Base;
+        EXPECT_EQ(names(field, [&] { form.LabelHigh.Caption(u"Higher:"); }), 1); // by its label
+        EXPECT_EQ(gui::Ask(field.hWnd()).Name, u"Higher:");
+        EXPECT_EQ(names(field, [&] { form.LabelHigh.Caption(u"Higher:"); }), 0);
+        EXPECT_EQ(names(combo, [&] { combo.AccessibleName(u"Widths"); }), 1);
+        EXPECT_EQ(gui::Ask(combo.hWnd()).Name, u"Widths");
+        EXPECT_EQ(names(combo, [&] { combo.AccessibleName(u"Widths"); }), 0);
+        field.AccessibleName(u"Its own");
+        EXPECT_EQ(names(field, [&] { form.LabelHigh.Caption(u"High:"); }), 0); // no more its name
+    });
+}
+
 // Screen readers live in other processes; another thread is the next best here.
 TEST_F(FormKit, ScreenReadersMayAskFromOutside) {
     ASSERT_EQ(CoInitializeEx(nullptr, COINIT_MULTITHREADED), S_OK);
