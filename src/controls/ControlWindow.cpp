@@ -173,8 +173,9 @@ bool Control::Reflect(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& resul
 LRESULT Control::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
     const bool own = !m_Kind->WindowClass;
     const auto paint = [this](HDC dc, const RECT& client) {
+        const StillThere here(*this); // the form's handler paints its share of the ground
         if (m_Kind->Transparent) PaintBehind(dc);
-        if (m_Kind->Paint) m_Kind->Paint(m_Owner, dc, client);
+        if (here && m_hWnd && m_Kind->Paint) m_Kind->Paint(m_Owner, dc, client);
     };
     switch (message) {
     case WM_ERASEBKGND:

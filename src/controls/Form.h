@@ -62,7 +62,8 @@ public:
     // failure 91 without a window (unloaded, or gone with its owner), 5 for one that is shown
     // so already.
     void ShowModal(Form* owner);
-    // Paints the ground anew, after something that PaintGround draws has changed.
+    // Paints the ground anew, after something that PaintGround draws has changed. Inside
+    // PaintGround itself that is under way already.
     void RefreshGround();
     // Destroys the windows; the objects of the controls stay until their form's end.
     void Unload();
@@ -106,6 +107,9 @@ private:
     // FormGround.cpp
     void OnPaint(HDC dc, const RECT& client);
     void OnGround(HDC dc, const RECT& client);
+    bool MakeGround(const RECT& client);
+    void FillGround(HDC dc, const RECT& client) const;
+    void DrawOutline(HDC dc) const;
 
     // Form.cpp
     bool OnProperty(std::u16string_view name, std::u16string_view value);
@@ -156,6 +160,8 @@ private:
     cRegion m_Shape;
     HBITMAP m_Ground = nullptr;
     SIZE m_GroundSize{};
+    bool m_PaintsGround = false;   // inside PaintGround
+    bool m_AskedMeanwhile = false; // something was painted there on the plain ground
 };
 
 // While it lives, a dialog of the system takes input alone, as a modal form does. Its owner,

@@ -12,34 +12,65 @@ void Form::OnPaint(HDC dc, const RECT& client) {
 void Form::OnGround(HDC dc, const RECT& client) {
     const SIZE size{WidthOf(client), HeightOf(client)};
     if (size.cx <= 0 || size.cy <= 0) return;
+    const bool kept = m_Ground && size.cx == m_GroundSize.cx && size.cy == m_GroundSize.cy;
+    if (!kept && m_PaintsGround) {
+        // Asked for inside the form's own handler: what comes of that is seen later.
+        m_AskedMeanwhile = true;
+        FillGround(dc, client);
+        return;
+    }
+    if (!kept && !MakeGround(client)) return;
     const HDC memory = CreateCompatibleDC(dc);
-    const bool fresh = !m_Ground || size.cx != m_GroundSize.cx || size.cy != m_GroundSize.cy;
-    if (fresh) {
-        if (m_Ground) DeleteObject(m_Ground);
-        const HDC screen = GetDC(Base.m_hWnd);
-        m_Ground = CreateCompatibleBitmap(screen, size.cx, size.cy);
-        ReleaseDC(Base.m_hWnd, screen);
-        m_GroundSize = size;
-    }
     const HGDIOBJ before = SelectObject(memory, m_Ground);
-    if (fresh) {
-        const bool plain = BackColor2 == kNoColour || Theme::HighContrast();
-        if (plain)
-            FillRectangle(memory, client, Theme::Pick(Resolve(BackColor), COLOR_WINDOW));
-        else
-            VerticalGradient(memory, client, Resolve(BackColor), Resolve(BackColor2));
-        if (PaintGround) EventFrame::Run([&] { PaintGround(memory, client); });
-        const HRGN region = CreateRectRgn(0, 0, 0, 0);
-        if (OutlineColor != kNoColour && GetWindowRgn(Base.m_hWnd, region) > NULLREGION) {
-            const HBRUSH brush = CreateSolidBrush(Theme::Pick(Resolve(OutlineColor), COLOR_WINDOWTEXT));
-            FrameRgn(memory, region, brush, HairLine(m_Dpi), HairLine(m_Dpi));
-            DeleteObject(brush);
-        }
-        DeleteObject(region);
-    }
     BitBlt(dc, 0, 0, size.cx, size.cy, memory, 0, 0, SRCCOPY);
     SelectObject(memory, before);
     DeleteDC(memory);
+}
+
+// False where the handler has ended the form. The bitmap is the form's only when it is done:
+// the handler may let the old one go.
+bool Form::MakeGround(const RECT& client) {
+    const StillThere here(Base);
+    const HDC screen = GetDC(Base.m_hWnd);
+    const HDC memory = CreateCompatibleDC(screen);
+    const HBITMAP bitmap = CreateCompatibleBitmap(screen, WidthOf(client), HeightOf(client));
+    ReleaseDC(Base.m_hWnd, screen);
+    const HGDIOBJ before = SelectObject(memory, bitmap);
+    FillGround(memory, client);
+    m_PaintsGround = true;
+    m_AskedMeanwhile = false;
+    EventFrame::Run([&] { Raise(PaintGround, memory, client); });
+    const bool stays = here && Base.m_hWnd;
+    if (here) m_PaintsGround = false;
+    if (stays) DrawOutline(memory);
+    SelectObject(memory, before);
+    DeleteDC(memory);
+    if (!stays) {
+        DeleteObject(bitmap);
+        return false;
+    }
+    if (m_Ground) DeleteObject(m_Ground);
+    m_Ground = bitmap;
+    m_GroundSize = {WidthOf(client), HeightOf(client)};
+    if (m_AskedMeanwhile) RedrawWindow(Base.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    return true;
+}
+
+void Form::FillGround(HDC dc, const RECT& client) const {
+    if (BackColor2 == kNoColour || Theme::HighContrast())
+        FillRectangle(dc, client, Theme::Pick(Resolve(BackColor), COLOR_WINDOW));
+    else
+        VerticalGradient(dc, client, Resolve(BackColor), Resolve(BackColor2));
+}
+
+void Form::DrawOutline(HDC dc) const {
+    const HRGN region = CreateRectRgn(0, 0, 0, 0);
+    if (OutlineColor != kNoColour && GetWindowRgn(Base.m_hWnd, region) > NULLREGION) {
+        const HBRUSH brush = CreateSolidBrush(Theme::Pick(Resolve(OutlineColor), COLOR_WINDOWTEXT));
+        FrameRgn(dc, region, brush, HairLine(m_Dpi), HairLine(m_Dpi));
+        DeleteObject(brush);
+    }
+    DeleteObject(region);
 }
 
 void Form::RefreshGround() {

@@ -37,10 +37,11 @@ bool Frame::OnProperty(std::u16string_view name, std::u16string_view value) {
 }
 
 void Frame::OnGround(HDC dc, const RECT& client) {
+    const StillThere here(Base);
     if (m_BackColor == kNoColour)
         Base.PaintBehind(dc);
     else
         FillRectangle(dc, client, Theme::Pick(Resolve(m_BackColor), COLOR_WINDOW));
-    if (m_BorderColor != kNoColour)
+    if (here && m_BorderColor != kNoColour)
         FrameRectangle(dc, client, Theme::Pick(Resolve(m_BorderColor), COLOR_WINDOWTEXT), Base.HairLine());
 }

@@ -116,6 +116,14 @@ TEST_P(FormGoesIn, ItsOwnEvent) {
         const auto go = [&] { form.Owned.reset(); };
         const HWND window = form.Window.Base.hWnd();
         const int other = 2 * form.Window.Dpi();
+        // The handler itself must outlive its run.
+        std::function<void(HDC, const RECT&)> goAndStay = [&, own = std::make_shared<int>()](HDC,
+                                                                                             const RECT&) {
+            const std::weak_ptr<int> stays = own;
+            go();
+            form.Title.reset();
+            EXPECT_FALSE(stays.expired());
+        };
         switch (GetParam()) {
         case 0:
             form.Window.MouseDown = [&](int, int, int, int) { go(); };
@@ -133,6 +141,17 @@ TEST_P(FormGoesIn, ItsOwnEvent) {
             form.Window.Resize = go; // which comes inside the change of DPI
             SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(other, other), 0);
             break;
+        case 4:
+            form.Window.PaintGround = std::exchange(goAndStay, nullptr);
+            form.Window.RefreshGround();
+            UpdateWindow(window);
+            break;
+        case 5:
+            form.Window.PaintGround = std::exchange(goAndStay, nullptr);
+            form.Box->BackColor(kNoColour); // what stands on it asks for the form's ground
+            form.Window.RefreshGround();
+            UpdateWindow(form.Title->Base.hWnd());
+            break;
         default:
             form.Window.DpiChanged = go;
             SendMessageW(window, WM_DPICHANGED, MAKEWPARAM(other, other), 0);
@@ -144,7 +163,7 @@ TEST_P(FormGoesIn, ItsOwnEvent) {
         m_Shown = std::make_unique<BadForm>();
     });
 }
-INSTANTIATE_TEST_SUITE_P(EachEvent, FormGoesIn, testing::Range(0, 5));
+INSTANTIATE_TEST_SUITE_P(EachEvent, FormGoesIn, testing::Range(0, 7));
 
 // The system finds another face; a size that cannot be meant is the system's own.
 TEST_F(BadInput, FontsThatAreNone) {

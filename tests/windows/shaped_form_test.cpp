@@ -3,6 +3,7 @@
 #include "controls/Label.h"
 #include "controls/Painting.h"
 #include "windows/FormTest.h"
+#include "windows/Handles.h"
 #include "windows/Pixels.h"
 
 namespace {
@@ -74,7 +75,7 @@ TEST_F(ShapedFormTest, TheOutlineRunsAlongTheRegion) {
     }
 }
 
-TEST_F(ShapedFormTest, AHandlerThatPaintsTheGroundMayPaintItAnew) {
+TEST_F(ShapedFormTest, TheGroundIsPaintedOnceForAllThatStandsOnIt) {
     int painted = 0;
     m_Ui.Run([&] {
         m_Shown->Window.PaintGround = [&](HDC, const RECT&) { ++painted; };
@@ -85,6 +86,72 @@ TEST_F(ShapedFormTest, AHandlerThatPaintsTheGroundMayPaintItAnew) {
         m_Shown->Window.Find(u"LabelTitle")->Refresh();
     });
     EXPECT_EQ(painted, 1);
+}
+
+TEST_F(ShapedFormTest, AHandlerThatPaintsTheGroundMayPaintItAnew) {
+    int painted = 0;
+    Form& form = m_Shown->Window;
+    const auto handler = [&](HDC dc, const RECT& client) {
+        ++painted;
+        form.RefreshGround(); // it has drawn something else
+        FillRectangle(dc, client, palette::Brand);
+    };
+    m_Ui.Run([&] { form.PaintGround = handler; });
+    m_Ui.Run([&] { form.RefreshGround(); });
+    m_Ui.Settle();
+    EXPECT_EQ(On([&] { return gui::ClientOf(form.Base.hWnd()); }).At(150, 150), palette::Brand);
+    m_Ui.Settle();
+    EXPECT_EQ(painted, 1); // what is painted just now is the new one
+    const gui::Held held = On([&] {
+        return gui::LeftBy(50, [&] {
+            form.RefreshGround();
+            form.Base.Refresh();
+        });
+    });
+    EXPECT_EQ(held.Objects, 0) << held;
+}
+
+// Its share comes when it is done.
+TEST_F(ShapedFormTest, WhatIsPaintedInsideTheHandlerStandsOnThePlainGround) {
+    int painted = 0;
+    Form& form = m_Shown->Window;
+    Control& title = *form.Find(u"LabelTitle");
+    const auto onTitle = [&] { return gui::ClientOf(title.hWnd()).At(0, 0); };
+    m_Ui.Run([&] {
+        form.PaintGround = [&](HDC dc, const RECT& client) {
+            if (++painted > 9) return;
+            EXPECT_NE(onTitle(), palette::Brand);
+            title.Refresh();
+            FillRectangle(dc, client, palette::Brand);
+        };
+        form.RefreshGround();
+        UpdateWindow(form.Base.hWnd());
+        EXPECT_EQ(painted, 1);
+        EXPECT_EQ(onTitle(), palette::Brand);
+    });
+    m_Ui.Settle();
+    EXPECT_EQ(painted, 1);
+    EXPECT_TRUE(Becomes([&] { // it has been painted again
+        const HDC screen = GetDC(title.hWnd());
+        const COLORREF shown = GetPixel(screen, 0, 0);
+        ReleaseDC(title.hWnd(), screen);
+        return shown == palette::Brand;
+    }));
+}
+
+TEST_F(ShapedFormTest, AHandlerMayTakeItselfAway) {
+    Form& form = m_Shown->Window;
+    m_Ui.Run([&] {
+        form.PaintGround = [&form, kept = std::make_shared<COLORREF>(palette::Brand)](HDC dc,
+                                                                                      const RECT& client) {
+            form.PaintGround = nullptr;
+            FillRectangle(dc, client, *kept);
+        };
+        form.RefreshGround();
+        EXPECT_EQ(gui::ClientOf(form.Base.hWnd()).At(150, 150), palette::Brand);
+        form.RefreshGround();
+        EXPECT_NE(gui::ClientOf(form.Base.hWnd()).At(150, 150), palette::Brand);
+    });
 }
 
 TEST_F(ShapedFormTest, AMovedFormKnowsItsPlace) {
