@@ -7,6 +7,7 @@
 
 #include "base/Text.h"
 #include "engine/Engine.h"
+#include "engine/WorkCounter.h"
 
 #include <cstring>
 
@@ -21,6 +22,7 @@ std::u16string Widen(std::u16string_view units) {
 
 // Lone surrogates become U+FFFD.
 void AppendUtf8(std::u16string_view units, OutputBuffer& output) {
+    CountWork(units.size());
     char* out = output.Room(units.size() * 3);
     char* const begin = out;
     const char16_t* unit = units.data();
@@ -76,9 +78,11 @@ std::size_t CutLine(std::basic_string_view<Unit> text, LineEnd cut, std::size_t&
         const bool behindCr = at > 0 && text[at - 1] == Unit{'\r'};
         if (cut == LineEnd::CrLf && !behindCr) continue;
         end = behindCr ? 2 : 1;
+        CountWork(at + 1);
         return at + 1 - end;
     }
     end = 0;
+    CountWork(text.size());
     return text.size();
 }
 
@@ -147,6 +151,7 @@ std::size_t PieceEnd(std::string_view block, std::size_t start, LineEnd cut) {
     do {
         lf = block.rfind('\n', lf - 1);
     } while (lf != block.npos && lf > start && cut == LineEnd::CrLf && block[lf - 1] != '\r');
+    CountWork(start + kPiece - (lf == block.npos ? 0 : lf));
     if (lf != block.npos && lf > start) return lf + 1;
     // A long line.
     std::size_t end;

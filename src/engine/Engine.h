@@ -49,8 +49,6 @@ public:
 
     // The same as Convert without the machine for the whole conversion.
     void ConvertByLine(std::u16string_view line, UnitBuffer& output);
-    // Null where markers or the table rule it out.
-    const Machine* WholeMachine() const { return m_Whole.machine ? &*m_Whole.machine : nullptr; }
 
 private:
     // A machine and how long it is left alone after it gave up.

@@ -8,6 +8,7 @@
 #include "engine/Growth.h"
 
 #include "base/Text.h"
+#include "engine/WorkCounter.h"
 
 #include <algorithm>
 
@@ -52,6 +53,7 @@ template <class Unit>
 bool Growth::MayOutgrow(std::basic_string_view<Unit> line) const {
     if (static_cast<double>(line.size()) * m_Heaviest * kPassesGrowth <= static_cast<double>(kLongestLine))
         return false;
+    CountWork(line.size());
     double sum = 0;
     for (const Unit unit : line) sum += Weight(unit);
     return sum * kPassesGrowth > static_cast<double>(kLongestLine);

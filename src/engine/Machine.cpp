@@ -20,6 +20,7 @@
 
 #include "engine/Machine.h"
 
+#include <algorithm>
 #include <bit>
 
 static_assert(std::endian::native == std::endian::little);
@@ -72,6 +73,7 @@ std::uint32_t Machine::StateNumber(const State& state) {
         m_Key += static_cast<char16_t>(p.Matched >> 16);
     }
     m_Key += state.pending;
+    CountWork(m_Key.size());
     const auto known = m_States.find(m_Key);
     if (known != m_States.end()) return known->second;
     const std::uint32_t number = static_cast<std::uint32_t>(m_Keys.size()) * kSpread;
@@ -138,12 +140,14 @@ std::uint32_t Machine::Keep(std::u16string_view output, std::u16string_view rear
 }
 
 const Machine::Slot* Machine::Compute(std::uint32_t from, std::uint32_t number) {
-    if (++m_ComputedInAll > m_Limits.NewInAll && m_ComputedInAll * m_Limits.UnitsPerNew > m_UnitsInAll)
+    if (m_ComputedInAll >= m_Limits.NewInAll && m_ComputedInAll * m_Limits.UnitsPerNew >= m_UnitsInAll)
         m_Pays = false;
     if (m_NewLeft == 0 || !m_Pays) return nullptr;
-    --m_NewLeft;
     Unpack(m_Keys[from * kUnspread], m_Work);
     const bool goesOn = Advance(m_Work, number);
+    const std::size_t asWork = 1 + m_Chain.Work() / m_Limits.WorkPerNew;
+    m_ComputedInAll += asWork;
+    m_NewLeft -= std::min(m_NewLeft, asWork);
     if (m_TransitionCount >= m_Limits.Transitions || m_Keys.size() >= m_Limits.States ||
         m_KeyUnits >= m_Limits.KeyUnits || m_Pool.size() >= m_Limits.PoolUnits) {
         if (m_UnitsSinceReset < m_Limits.UnitsPerState * m_Keys.size()) m_Pays = false;
@@ -190,6 +194,7 @@ bool Machine::Advance(State& state, std::uint32_t number) {
     if (isForeign) state.pending += m_Alphabet.UnitOf(number);
     if (!m_Segments->Canonical(state.pending)) return false;
     m_TailLength = state.pending.size();
+    CountWork(m_TailLength);
     if (!m_Segments->TakeSettled(state.pending, m_Chain.NextOut(), isEnd, m_Rearranged)) return false;
     m_Segments->Canonical(state.pending);
     return state.pending.size() <= m_Limits.Pending;

@@ -25,6 +25,7 @@ struct MachineLimits {
     std::size_t UnitsPerNew = 8;   // ... one more for each of so many units
     std::size_t NewInAll = 50000;  // that many do not matter; more than one for UnitsPerNew do
     std::size_t UnitsPerState = 8; // below that a full table was not worth its while
+    std::size_t WorkPerNew = 256;  // of the rules; a transition that takes more counts as several
 };
 
 class Machine {
@@ -49,8 +50,6 @@ public:
     // False where the table asked for too many transitions for the text that came through it,
     // or was filled and thrown away before it was worth its while.
     bool Pays() const { return m_Pays; }
-    std::size_t StateCount() const { return m_Keys.size(); }
-    std::size_t TransitionCount() const { return m_TransitionCount; }
 
     static constexpr std::uint32_t kGaveUp = 0;
 
@@ -117,6 +116,7 @@ private:
 inline char16_t* Machine::Rearrange(char16_t* out, const char16_t* program) {
     char16_t old[Segments::kMostUnits];
     const std::size_t taken = program[0], put = program[1];
+    CountWork(taken + put);
     out -= taken;
     // Nearly always a few units: one copy of known length, whose end does not matter.
     std::memcpy(old, out, kStep * sizeof(char16_t));
@@ -133,6 +133,7 @@ std::uint32_t Machine::Run(std::uint32_t state, const Unit* text, std::size_t le
     const Slot* slots = m_Slots.data();
     const char16_t* pool = m_Pool.data();
     std::uint32_t mask = m_Mask;
+    const std::size_t before = output.Size();
     CountWork(length);
     for (const Unit* const end = text + length; text < end;) {
         const Unit* const pieceEnd =
@@ -165,5 +166,6 @@ std::uint32_t Machine::Run(std::uint32_t state, const Unit* text, std::size_t le
         }
         output.SetSize(static_cast<std::size_t>(out - output.Data()));
     }
+    CountWork(output.Size() - before);
     return state;
 }

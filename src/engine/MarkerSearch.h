@@ -1,4 +1,4 @@
-// Looks for a marker unit by unit, as Knuth, Morris and Pratt do.
+// Looks for a marker, or another text, unit by unit, as Knuth, Morris and Pratt do.
 #pragma once
 
 #include <cstddef>
@@ -25,7 +25,16 @@ public:
             matched = m_Border[matched];
         return matched < m_Marker.size() && m_Marker[matched] == unit ? matched + 1 : 0;
     }
-    // The same for all of a text.
+    // Where the marker first stands in the text from a place on; npos where it does not.
+    std::size_t FirstIn(std::u16string_view text, std::size_t from) const {
+        std::size_t matched = 0;
+        for (std::size_t at = from; at < text.size(); ++at) {
+            matched = Next(matched, text[at]);
+            if (matched == m_Marker.size()) return at + 1 - matched;
+        }
+        return std::u16string_view::npos;
+    }
+    // So many units of it stand at the end of the text.
     std::size_t AtEndOf(std::u16string_view text) const {
         std::size_t matched = 0;
         for (const char16_t unit : text) matched = Next(matched, unit);

@@ -1,6 +1,8 @@
 // Linear in the line for each rule; the engine comes here for tables that its rule machine
 // does not pay for and for lines that might outgrow the limit. Two buffers change places. A
-// rule whose first unit is nowhere in the line is skipped without a look.
+// rule whose first unit is nowhere in the line is skipped without a look. A long Find text is
+// looked for unit by unit: a search that compares anew at each place would cost its length for
+// each unit of a line that nearly holds it everywhere.
 //
 // Tested by tests/unit/engine/clsConvert_test.cpp and Differential_test.cpp.
 
@@ -8,6 +10,8 @@
 
 #include "base/RuntimeFailure.h"
 #include "engine/Growth.h"
+#include "engine/MarkerSearch.h"
+#include "engine/WorkCounter.h"
 
 #include <algorithm>
 #include <bitset>
@@ -18,26 +22,52 @@ namespace {
 using Present = std::bitset<0x10000>;
 
 void Mark(Present& present, std::u16string_view units) {
+    CountWork(units.size());
     for (const char16_t unit : units) present.set(unit);
 }
 
+class FindText {
+public:
+    explicit FindText(std::u16string_view find) : m_Find(find) {
+        if (find.size() > kShort) m_Search.SetMarker(find);
+    }
+    std::size_t Size() const { return m_Find.size(); }
+    // Where it stands next in line, from this place on.
+    std::size_t Next(std::u16string_view line, std::size_t from) const {
+        const std::size_t at =
+            m_Search.Length() == 0 ? line.find(m_Find, from) : m_Search.FirstIn(line, from);
+        // A short one is compared with at each place.
+        const std::size_t scanned = std::min(at, line.size()) - std::min(from, line.size()) + 1;
+        CountWork(scanned * (m_Search.Length() == 0 ? m_Find.size() : 1));
+        return at;
+    }
+
+private:
+    static constexpr std::size_t kShort = 8;
+
+    std::u16string_view m_Find;
+    MarkerSearch m_Search;
+};
+
 // Whether the line would outgrow the limit; told before any room is taken.
-bool Outgrows(std::u16string_view line, std::u16string_view find, std::size_t replaceLength) {
-    if (replaceLength <= find.size()) return false;
-    const std::size_t more = replaceLength - find.size();
-    if (line.size() / find.size() < (kLongestLine - std::min(line.size(), kLongestLine)) / more) return false;
+bool Outgrows(std::u16string_view line, const FindText& find, std::size_t replaceLength) {
+    if (replaceLength <= find.Size()) return false;
+    const std::size_t more = replaceLength - find.Size();
+    if (line.size() / find.Size() < (kLongestLine - std::min(line.size(), kLongestLine)) / more) return false;
     std::size_t length = line.size();
-    for (std::size_t at = line.find(find); at != std::u16string_view::npos;
-         at = line.find(find, at + find.size()))
+    for (std::size_t at = find.Next(line, 0); at != std::u16string_view::npos;
+         at = find.Next(line, at + find.Size()))
         length += more;
     return length > kLongestLine;
 }
 
 // False where find is not in line, which is then left alone.
-bool Replace(std::u16string_view find, std::u16string_view replace, std::u16string& line,
+bool Replace(std::u16string_view findText, std::u16string_view replace, std::u16string& line,
              std::u16string& spare) {
     const std::u16string_view from = line;
-    std::size_t at = from.find(find);
+    if (findText.size() > from.size()) return false;
+    const FindText find(findText);
+    std::size_t at = find.Next(from, 0);
     if (at == std::u16string_view::npos) return false;
     if (Outgrows(from, find, replace.size())) throw RuntimeFailure(kOutOfStringSpace, u"clsConvert");
     spare.clear();
@@ -45,10 +75,11 @@ bool Replace(std::u16string_view find, std::u16string_view replace, std::u16stri
     do {
         spare.append(from, done, at - done);
         spare.append(replace);
-        done = at + find.size();
-        at = from.find(find, done);
+        done = at + find.Size();
+        at = find.Next(from, done);
     } while (at != std::u16string_view::npos);
     spare.append(from, done);
+    CountWork(spare.size());
     line.swap(spare);
     return true;
 }

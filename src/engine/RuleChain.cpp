@@ -102,8 +102,10 @@ std::uint32_t RuleChain::NextReacting(std::uint32_t level, char16_t unit) const 
 }
 
 void RuleChain::SetProgress(const std::vector<Progress>& progress) {
-    for (std::uint32_t rule; (rule = NextInProgress(0)) != kNone;) SetMatched(rule, 0);
+    m_Work = 0;
+    for (std::uint32_t rule; (rule = NextInProgress(0)) != kNone; Worked(1)) SetMatched(rule, 0);
     for (const Progress& p : progress) SetMatched(p.Rule, p.Matched);
+    Worked(progress.size());
     m_StepsLeft = kMostSteps;
 }
 
@@ -111,16 +113,16 @@ void RuleChain::GetProgress(std::vector<Progress>& progress) const {
     progress.clear();
     for (std::uint32_t rule = 0; (rule = NextInProgress(rule)) != kNone; ++rule)
         progress.push_back({static_cast<std::uint16_t>(rule), m_Matched[rule]});
+    CountWork(progress.size());
 }
 
 // Lowers matched to its longest border that unit continues. False where none is, and matched
 // is then 0.
-bool RuleChain::Extends(const Rule& rule, std::uint32_t& matched, char16_t unit) const {
-    while (rule.find[matched] != unit) {
-        if (matched == 0) return false;
-        matched = Border(rule, matched);
-    }
-    return true;
+bool RuleChain::Extends(const Rule& rule, std::uint32_t& matched, char16_t unit) {
+    std::size_t looks = 1;
+    for (; rule.find[matched] != unit && matched > 0; ++looks) matched = Border(rule, matched);
+    Worked(looks);
+    return rule.find[matched] == unit;
 }
 
 void RuleChain::PushSegment(std::u16string_view units, std::uint32_t level) {
@@ -157,6 +159,7 @@ void RuleChain::Run(std::u16string& output) {
         char16_t unit = top.unit;
         if (top.units != nullptr) unit = *top.units++;
         if (--top.length == 0) m_Stack.pop_back();
+        Worked(1);
         if (m_StepsLeft == 0 || --m_StepsLeft == 0) {
             m_Stack.clear();
             return;
@@ -178,6 +181,7 @@ void RuleChain::Push(char16_t unit, std::u16string& output) {
 void RuleChain::Finish(std::u16string& output) {
     for (std::uint32_t rule = 0; (rule = NextInProgress(rule)) != kNone; ++rule) {
         const Rule& of = m_Rules[rule];
+        Worked(1);
         const std::uint32_t matched = m_Matched[rule], given = Given(of, matched);
         SetMatched(rule, 0);
         PushSegment(of.find.substr(given, matched - given), rule + 1);
@@ -190,6 +194,7 @@ void RuleChain::Finish(std::u16string& output) {
 bool RuleChain::Arrive(char16_t unit, std::uint32_t level, std::uint32_t target, int& budget) {
     for (;;) {
         const std::uint32_t number = NextReacting(level, unit);
+        Worked(1);
         if (number >= target) {
             if (m_Arriving.find(unit) != std::u16string::npos) return true;
             if (m_Arriving.size() == kMostArriving) return false;
@@ -227,6 +232,7 @@ void RuleChain::Settle(std::u16string& output) {
     for (std::uint32_t number = 0; (number = NextInProgress(number)) != kNone; ++number) {
         const Rule& rule = m_Rules[number];
         const std::uint32_t before = m_Matched[number];
+        Worked(1);
         if (source != kNone && FindArriving(source, number)) {
             std::uint32_t longest = 0;
             for (const char16_t unit : m_Arriving) {
@@ -248,6 +254,7 @@ void RuleChain::Settle(std::u16string& output) {
 const std::u16string* RuleChain::NextOut() {
     std::uint32_t source = kNone;
     for (std::uint32_t number = 0; (number = NextInProgress(number)) != kNone; ++number) {
+        Worked(1);
         if (m_Matched[number] > m_Rules[number].common) source = number;
     }
     if (source == kNone || !FindArriving(source, static_cast<std::uint32_t>(m_Rules.size()))) return nullptr;

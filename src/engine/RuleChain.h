@@ -2,6 +2,7 @@
 #pragma once
 
 #include "engine/RuleTable.h"
+#include "engine/WorkCounter.h"
 
 #include <cstdint>
 #include <string>
@@ -40,6 +41,8 @@ public:
     // False where a call since the last SetProgress was broken off because it went on for too
     // long; what it gave out is then not all.
     bool Completed() const { return m_StepsLeft > 0; }
+    // Rules and units looked at since the last SetProgress began.
+    std::size_t Work() const { return m_Work; }
 
 private:
     struct Rule {
@@ -60,7 +63,11 @@ private:
     std::uint32_t Border(const Rule& rule, std::uint32_t matched) const {
         return m_Borders[rule.borders + matched];
     }
-    bool Extends(const Rule& rule, std::uint32_t& matched, char16_t unit) const;
+    void Worked(std::size_t count) {
+        m_Work += count;
+        CountWork(count);
+    }
+    bool Extends(const Rule& rule, std::uint32_t& matched, char16_t unit);
     void SetMatched(std::uint32_t rule, std::uint32_t matched);
     std::uint32_t NextInProgress(std::uint32_t level) const;
     std::uint32_t NextReacting(std::uint32_t level, char16_t unit) const;
@@ -80,4 +87,5 @@ private:
     std::vector<Segment> m_Stack;
     std::u16string m_Arriving;
     std::size_t m_StepsLeft = 0;
+    std::size_t m_Work = 0;
 };

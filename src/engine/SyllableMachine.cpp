@@ -5,7 +5,8 @@
 // with lines of its own.
 //
 // A line that comes to row 0 stays there and is converted in another way: it is not as text
-// is usually written (SyllablePasses), or the table has grown too much.
+// is usually written (SyllablePasses), a reph would have to go back over more than a cluster
+// of some units, or the table has grown too much.
 //
 // Tested by tests/unit/engine/SyllableMachine_test.cpp and Differential_test.cpp.
 
@@ -14,6 +15,7 @@
 #include "base/RuntimeFailure.h"
 #include "base/Text.h"
 #include "engine/BanglaUnits.h"
+#include "engine/WorkCounter.h"
 
 #include <algorithm>
 #include <cstring>
@@ -32,6 +34,13 @@ constexpr std::size_t kMostTexts = 60000;
 // So many steps may be computed in any case, and one more for each of so many bytes.
 constexpr std::size_t kFreeSteps = 50000;
 constexpr std::size_t kBytesPerStep = 16;
+// Of the rules; a step that takes more counts as several.
+constexpr std::size_t kWorkPerStep = 256;
+constexpr std::size_t kMostKeyUnits = 4u << 20;
+
+// A reph goes back over so many units at most, the pairs of earlier ones included. No word has
+// half of it; a line of nothing but rephs would be walked and moved as a whole for each.
+constexpr std::ptrdiff_t kLongestCluster = 24;
 
 // Below this a block is not worth the lanes, above it their buffers not the memory.
 constexpr std::size_t kShortestBlock = 256;
@@ -74,11 +83,12 @@ struct SyllableMachine::Lanes {
             lf = static_cast<const char*>(std::memchr(lf, '\n', static_cast<std::size_t>(l.last - lf)));
             if (lf == nullptr) {
                 l.end = l.next = l.last;
-                return true;
+                break;
             }
             l.next = ++lf;
             l.end = lf - (lf - l.line > 1 && lf[-2] == '\r' ? 2 : 1);
         } while (cut == LineEnd::CrLf && l.next - l.end != 2);
+        CountWork(static_cast<std::size_t>(l.next - l.line));
         return true;
     }
 };
@@ -104,6 +114,7 @@ void SyllableMachine::Reset() {
     m_Rows.assign(kRowSize, Entry{0, 0, 0});
     m_Texts.assign(m_Step, 0);
     m_Keys.assign(1, {});
+    m_KeyUnits = 0;
     m_RowByKey.clear();
     m_TextByBytes.clear();
     m_Progress.clear();
@@ -118,9 +129,11 @@ std::uint32_t SyllableMachine::RowOf(const std::vector<RuleChain::Progress>& pro
         key += static_cast<char16_t>(p.Matched);
         key += static_cast<char16_t>(p.Matched >> 16);
     }
+    CountWork(key.size());
     const auto known = m_RowByKey.find(key);
     if (known != m_RowByKey.end()) return known->second;
-    if (m_Keys.size() >= kMostRows) return 0;
+    if (m_Keys.size() >= kMostRows || m_KeyUnits >= kMostKeyUnits) return 0;
+    m_KeyUnits += key.size();
     const auto row = static_cast<std::uint32_t>(m_Rows.size());
     m_Rows.resize(m_Rows.size() + kRowSize, Entry{0, 0, kMissing});
     m_Keys.push_back(key);
@@ -131,6 +144,8 @@ std::uint32_t SyllableMachine::RowOf(const std::vector<RuleChain::Progress>& pro
 bool SyllableMachine::PutAll(std::u16string_view units, SyllablePasses::State& state,
                              SyllableOutput& output) const {
     for (const char16_t unit : units) {
+        // More than a step holds in any encoding.
+        if (output.Units.size() > m_Step) return false;
         if (!m_Passes.Put(state, unit, output)) return false;
     }
     return true;
@@ -161,7 +176,7 @@ bool SyllableMachine::Encode(const SyllableOutput& made, Entry& entry) {
 
 SyllableMachine::Entry SyllableMachine::Compute(std::uint32_t row, unsigned column) {
     const Entry givenUp{0, 0, 0};
-    if (++m_Computed > kFreeSteps + m_BytesSeen / kBytesPerStep) {
+    if (m_Computed >= kFreeSteps + m_BytesSeen / kBytesPerStep) {
         m_Pays = false;
         return givenUp;
     }
@@ -182,6 +197,7 @@ SyllableMachine::Entry SyllableMachine::Compute(std::uint32_t row, unsigned colu
     }
     bool usual = m_Chain.Completed();
     m_Chain.GetProgress(m_Progress);
+    m_Computed += 1 + m_Chain.Work() / kWorkPerStep;
     Entry entry = givenUp;
     usual = usual && PutAll(m_Emitted, state, made);
     if (usual && isEnd) usual = m_Passes.End(state, made);
@@ -192,12 +208,16 @@ SyllableMachine::Entry SyllableMachine::Compute(std::uint32_t row, unsigned colu
 }
 
 // A cluster is consonants with viramas between; a virama or vowel signs may stand behind it.
+// Null where it is too long.
 char* SyllableMachine::ClusterStart(const char* lineOut, char* out) const {
     const bool wide = m_Encoding == OutputEncoding::Utf16;
     const std::ptrdiff_t size = wide ? 2 : 3;
-    // 0 for what is no unit of three bytes.
+    const bool allInReach = out - lineOut <= kLongestCluster * size;
+    const char* const reach = allInReach ? lineOut : out - kLongestCluster * size;
+    // 0 for what is no unit of three bytes, and beyond reach.
     const auto before = [&](const char* place) -> std::uint8_t {
-        if (place - lineOut < size) return 0;
+        if (place - reach < size) return 0;
+        CountWork(1);
         const auto byte = [&](int i) { return static_cast<unsigned char>(place[i]); };
         if (wide) return bangla::ClassOf(static_cast<char16_t>(byte(-2) | byte(-1) << 8));
         if ((byte(-3) & 0xF0) != 0xE0) return 0;
@@ -208,7 +228,8 @@ char* SyllableMachine::ClusterStart(const char* lineOut, char* out) const {
     if (before(out) & bangla::kVirama) out -= size;
     if (before(out) & bangla::kConsonant) out -= size;
     while ((before(out) & bangla::kVirama) && (before(out - size) & bangla::kConsonant)) out -= 2 * size;
-    return out;
+    // Beyond reach, the units that ended the walk would not have been seen.
+    return allInReach || out - reach >= 2 * size ? out : nullptr;
 }
 
 SyllableMachine::Step SyllableMachine::Unusual(std::uint32_t row, unsigned column, const char* lineOut,
@@ -221,6 +242,8 @@ SyllableMachine::Step SyllableMachine::Unusual(std::uint32_t row, unsigned colum
             m_Encoding == OutputEncoding::Utf16 ? "\xB0\x09\xCD\x09" : "\xE0\xA6\xB0\xE0\xA7\x8D";
         const std::size_t length = m_Encoding == OutputEncoding::Utf16 ? 4 : 6;
         char* const cluster = ClusterStart(lineOut, out);
+        if (cluster == nullptr) return {Entry{0, 0, 0}, out};
+        CountWork(static_cast<std::size_t>(out - cluster) / 2 + 2 * rephs);
         std::memmove(cluster + rephs * length, cluster, static_cast<std::size_t>(out - cluster));
         for (std::size_t i = 0; i < rephs; ++i) std::memcpy(cluster + i * length, pair, length);
         out += rephs * length;
@@ -243,6 +266,7 @@ void SyllableMachine::WalkSteps(Lanes& lanes, std::size_t first, std::size_t ste
     const char* at[kCount];
     char* out[kCount];
     std::uint32_t row[kCount];
+    CountWork(kCount * steps);
     for (std::size_t k = 0; k < kCount; ++k) {
         at[k] = lanes.at[first + k];
         out[k] = lanes.out[first + k];
@@ -286,12 +310,14 @@ bool SyllableMachine::EndLine(Lanes& lanes, std::size_t lane, const OtherWay& ot
     }
     std::memcpy(out, &m_Texts[entry.text * m_Step], m_Step);
     out += entry.length;
+    CountWork(1);
     if (entry.next == 0) {
         m_Other.Clear();
         otherWay({l.line, static_cast<std::size_t>(l.end - l.line)}, m_Other);
         if (m_Other.Size() + kMostPerByte * static_cast<std::size_t>(l.last - l.end) + m_Step >
             static_cast<std::size_t>(l.limit - l.lineOut))
             return false;
+        CountWork(m_Other.Size() / 2);
         if (m_Other.Size() > 0) std::memcpy(l.lineOut, m_Other.Data(), m_Other.Size());
         out = l.lineOut + m_Other.Size();
     }
@@ -326,6 +352,7 @@ bool SyllableMachine::ConvertBlock(std::string_view block, LineEnd cut, OutputBu
         const char* to =
             k + 1 == kLanes ? blockEnd : std::max(from, block.data() + block.size() * (k + 1) / kLanes);
         for (; to < blockEnd && to > from; ++to) {
+            CountWork(1);
             if (to[-1] == '\n' && (cut == LineEnd::Lf || (to - from > 1 && to[-2] == '\r'))) break;
         }
         lanes.at[k] = from;
@@ -360,6 +387,7 @@ bool SyllableMachine::ConvertBlock(std::string_view block, LineEnd cut, OutputBu
     }
     for (std::size_t k = 0; k < kLanes; ++k) {
         const auto length = static_cast<std::size_t>(lanes.out[k] - lanes.lane[k].first);
+        CountWork(length / 2);
         std::memcpy(output.Room(length + 1), lanes.lane[k].first, length);
         output.Add(length);
     }

@@ -58,6 +58,7 @@ private:
     bool Encode(const SyllableOutput& made, Entry& entry);
     // The step for what stands in column. Computes it, and puts rephs in front of the last cluster
     // of the line, which was written from lineOut to out, where it must; out is then moved on.
+    // Gives the line up where that cluster is too long.
     struct Step {
         Entry entry;
         char* out;
@@ -82,6 +83,7 @@ private:
     std::vector<Entry> m_Rows;                 // row 0 is where the machine has given up
     std::vector<char> m_Texts;                 // of m_Step bytes each
     std::vector<std::u16string> m_Keys;        // by row
+    std::size_t m_KeyUnits = 0;
     std::unordered_map<std::u16string, std::uint32_t> m_RowByKey;
     std::unordered_map<std::string, std::uint16_t> m_TextByBytes;
     std::uint32_t m_Start = 0;

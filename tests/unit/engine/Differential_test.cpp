@@ -10,7 +10,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <functional>
 #include <vector>
 
@@ -18,11 +17,6 @@ namespace {
 
 using reference::Outcome;
 using reference::RandomCase;
-
-std::uint64_t FromEnvironment(const char* name, std::uint64_t otherwise) {
-    const char* const value = std::getenv(name);
-    return value == nullptr ? otherwise : std::strtoull(value, nullptr, 10);
-}
 
 // Budgets so small that what is rare in real text becomes common.
 EngineLimits SmallLimits(std::uint64_t seed) {

@@ -1,5 +1,6 @@
 #include "engine/SyllableMachine.h"
 
+#include "EngineTesting.h"
 #include "base/Text.h"
 #include "engine/BanglaUnits.h"
 #include "engine/clsConvert.h"
@@ -8,7 +9,6 @@
 
 #include <gtest/gtest.h>
 
-#include <cstdlib>
 #include <string>
 
 namespace {
@@ -96,10 +96,10 @@ std::string MakeLine(Random& random) {
 }
 
 TEST(SyllableMachine, RandomTablesAndBlocks) {
-    const char* const wanted = std::getenv("ZORVAK_RANDOM_CASES");
-    const std::size_t cases = wanted == nullptr ? 1500 : std::strtoull(wanted, nullptr, 10) / 4;
-    std::size_t lines = 0, others = 0;
-    for (std::size_t seed = 1; seed <= cases; ++seed) {
+    const std::uint64_t cases = FromEnvironment("ZORVAK_RANDOM_CASES", 6000) / 4;
+    const std::uint64_t first = FromEnvironment("ZORVAK_RANDOM_SEED", 1);
+    std::size_t lines = 0, others = 0, leftOut = 0;
+    for (std::uint64_t seed = first; seed < first + cases; ++seed) {
         Random random(seed);
         const Table table = MakeTable(random);
         const OutputEncoding encoding = random.OneIn(2) ? OutputEncoding::Utf16 : OutputEncoding::Utf8;
@@ -114,6 +114,7 @@ TEST(SyllableMachine, RandomTablesAndBlocks) {
         // Line by line against the reference, and the lines that were not taken in their place.
         const std::string lf = Encoded(u"\n", encoding);
         std::size_t other = 0, at = 0;
+        bool grows = false;
         for (std::size_t start = 0; start < block.size(); ++lines) {
             const std::size_t end = std::min(block.find('\n', start), block.size());
             std::string line = block.substr(start, end - start);
@@ -130,16 +131,23 @@ TEST(SyllableMachine, RandomTablesAndBlocks) {
             const std::u16string expected = isOther ? u"?" : outcome.text;
             ASSERT_TRUE(isOther || gaveUp || outcome.failure == 0) << seed << ": " << line;
             const std::string bytes = Encoded(expected + lineEnd, encoding);
-            if (gaveUp && !isOther) GTEST_SKIP() << "a table that grows too much: " << seed;
+            if (gaveUp && !isOther) {
+                // A table that makes more of the line than the reference goes for.
+                grows = true;
+                break;
+            }
             ASSERT_EQ(bytes, made.substr(at, bytes.size())) << seed << ": " << line;
             at += bytes.size();
             other += isOther;
         }
+        leftOut += grows;
+        if (grows) continue;
         ASSERT_EQ(made.size(), at) << seed;
         ASSERT_LE(subject.otherLines.size(), other);
     }
     // Most lines must have gone through the machine for this to be a test of it.
     EXPECT_LT(others * 2, lines);
+    EXPECT_LE(leftOut * 20, cases);
 }
 
 Table SimpleTable() {
