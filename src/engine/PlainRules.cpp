@@ -4,7 +4,7 @@
 // looked for unit by unit: a search that compares anew at each place would cost its length for
 // each unit of a line that nearly holds it everywhere.
 //
-// Tested by tests/unit/engine/clsConvert_test.cpp and Differential_test.cpp.
+// Tested by tests/unit/engine/clsConvert_test.cpp, Differential_test.cpp and HostileRules_test.cpp.
 
 #include "engine/PlainRules.h"
 

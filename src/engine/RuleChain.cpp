@@ -15,7 +15,7 @@
 // back to what one of them does continue and gives out the rest now. It would have done so
 // anyway when that unit came.
 //
-// Tested by tests/unit/engine/Differential_test.cpp.
+// Tested by tests/unit/engine/Differential_test.cpp, LargeTables_test.cpp and HostileRules_test.cpp.
 
 #include "engine/RuleChain.h"
 

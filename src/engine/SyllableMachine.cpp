@@ -8,7 +8,8 @@
 // is usually written (SyllablePasses), a reph would have to go back over more than a cluster
 // of some units, or the table has grown too much.
 //
-// Tested by tests/unit/engine/SyllableMachine_test.cpp and Differential_test.cpp.
+// Tested by tests/unit/engine/SyllableMachine_test.cpp, Differential_test.cpp and
+// HostileBlocks_test.cpp.
 
 #include "engine/SyllableMachine.h"
 
