@@ -126,7 +126,7 @@ const gui::Soaked kKinds[] = {
                      told);
      },
      2},
-    {"ButtonStyle3", 500,
+    {"ButtonStyle3", 10'000,
      [](Form& form, int& told) {
          PressButton(form, SOAK_ROW(u"TavrelButton", u"ButtonStyle=3; Primary=yes; Default=yes"), told);
      },
