@@ -54,7 +54,7 @@ void Engine::Derive() {
     m_Passes.SetMarkers(reph, yaPhala);
     const bool ordinaryMarkers = bangla::AreOrdinaryMarkers(reph, yaPhala);
     m_Chain.Build(m_Table);
-    m_Growth.Build(m_Table);
+    m_Growth.Build(m_Table, m_Limits.LongestLine);
     std::u16string known = m_Chain.UnitsInFinds();
     for (char16_t unit = 0x0980; unit < 0x0A00; ++unit) {
         if (bangla::ClassOf(unit) != 0) known += unit;
@@ -108,7 +108,7 @@ void Engine::ConvertByLine(std::u16string_view line, UnitBuffer& output) {
     m_Line.Clear();
     if (!RunFast(m_Rules, line, m_Line)) {
         m_Work.assign(line);
-        ApplyRules(m_Table, m_Work, m_Spare);
+        ApplyRules(m_Table, m_Work, m_Spare, m_Limits.LongestLine);
         m_Line.Append(m_Work);
     }
     m_Passes.Run(m_Line);

@@ -21,8 +21,8 @@
 
 struct EngineLimits {
     MachineLimits Machine;
-    std::size_t LinesAfterGivingUp = 64;    // converted without the machine before it is tried again
-    std::size_t LongestLine = kLongestLine; // for what the passes make
+    std::size_t LinesAfterGivingUp = 64; // converted without the machine before it is tried again
+    std::size_t LongestLine = kLongestLine;
 };
 
 class Engine {

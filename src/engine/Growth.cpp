@@ -20,7 +20,8 @@ constexpr double kPassesGrowth = 3;
 
 } // namespace
 
-void Growth::Build(const RuleTable& table) {
+void Growth::Build(const RuleTable& table, std::size_t longestLine) {
+    m_LongestLine = static_cast<double>(longestLine);
     m_Weights.assign(0x10000, 1.0f);
     const auto weigh = [&](std::u16string_view units) {
         double sum = 0;
@@ -51,12 +52,11 @@ double Growth::Weight(char byte) const {
 
 template <class Unit>
 bool Growth::MayOutgrow(std::basic_string_view<Unit> line) const {
-    if (static_cast<double>(line.size()) * m_Heaviest * kPassesGrowth <= static_cast<double>(kLongestLine))
-        return false;
+    if (static_cast<double>(line.size()) * m_Heaviest * kPassesGrowth <= m_LongestLine) return false;
     CountWork(line.size());
     double sum = 0;
     for (const Unit unit : line) sum += Weight(unit);
-    return sum * kPassesGrowth > static_cast<double>(kLongestLine);
+    return sum * kPassesGrowth > m_LongestLine;
 }
 
 template bool Growth::MayOutgrow(std::string_view) const;

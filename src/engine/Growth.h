@@ -12,9 +12,9 @@ inline constexpr std::size_t kLongestLine = std::size_t{1} << 29;
 
 class Growth {
 public:
-    void Build(const RuleTable& table);
+    void Build(const RuleTable& table, std::size_t longestLine);
     // False where it is certain that neither the rules nor the passes, at any step, make the
-    // line longer than kLongestLine.
+    // line longer than the longest.
     template <class Unit>
     bool MayOutgrow(std::basic_string_view<Unit> line) const;
 
@@ -24,4 +24,5 @@ private:
 
     std::vector<float> m_Weights; // by unit
     double m_Heaviest = 1;
+    double m_LongestLine = 0;
 };

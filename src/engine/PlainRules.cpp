@@ -9,7 +9,6 @@
 #include "engine/PlainRules.h"
 
 #include "base/RuntimeFailure.h"
-#include "engine/Growth.h"
 #include "engine/MarkerSearch.h"
 #include "engine/WorkCounter.h"
 
@@ -50,26 +49,28 @@ private:
 };
 
 // Whether the line would outgrow the limit; told before any room is taken.
-bool Outgrows(std::u16string_view line, const FindText& find, std::size_t replaceLength) {
+bool Outgrows(std::u16string_view line, const FindText& find, std::size_t replaceLength,
+              std::size_t longestLine) {
     if (replaceLength <= find.Size()) return false;
     const std::size_t more = replaceLength - find.Size();
-    if (line.size() / find.Size() < (kLongestLine - std::min(line.size(), kLongestLine)) / more) return false;
+    if (line.size() / find.Size() < (longestLine - std::min(line.size(), longestLine)) / more) return false;
     std::size_t length = line.size();
     for (std::size_t at = find.Next(line, 0); at != std::u16string_view::npos;
          at = find.Next(line, at + find.Size()))
         length += more;
-    return length > kLongestLine;
+    return length > longestLine;
 }
 
 // False where find is not in line, which is then left alone.
 bool Replace(std::u16string_view findText, std::u16string_view replace, std::u16string& line,
-             std::u16string& spare) {
+             std::u16string& spare, std::size_t longestLine) {
     const std::u16string_view from = line;
     if (findText.size() > from.size()) return false;
     const FindText find(findText);
     std::size_t at = find.Next(from, 0);
     if (at == std::u16string_view::npos) return false;
-    if (Outgrows(from, find, replace.size())) throw RuntimeFailure(kOutOfStringSpace, u"clsConvert");
+    if (Outgrows(from, find, replace.size(), longestLine))
+        throw RuntimeFailure(kOutOfStringSpace, u"clsConvert");
     spare.clear();
     std::size_t done = 0;
     do {
@@ -86,12 +87,13 @@ bool Replace(std::u16string_view findText, std::u16string_view replace, std::u16
 
 } // namespace
 
-void ApplyRules(const RuleTable& table, std::u16string& line, std::u16string& spare) {
+void ApplyRules(const RuleTable& table, std::u16string& line, std::u16string& spare,
+                std::size_t longestLine) {
     Present present;
     Mark(present, line);
     for (std::size_t i = 0; i < table.m_Find.size(); ++i) {
         const std::u16string& find = table.m_Find[i];
         if (find.empty() || !present.test(find[0])) continue;
-        if (Replace(find, table.m_Replace[i], line, spare)) Mark(present, table.m_Replace[i]);
+        if (Replace(find, table.m_Replace[i], line, spare, longestLine)) Mark(present, table.m_Replace[i]);
     }
 }

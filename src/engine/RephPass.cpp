@@ -73,15 +73,25 @@ bool RephPass::IsSteppedOver(const Group& group) const {
     return kind == Kind::SteppedOver || kind == Kind::Consonant;
 }
 
+// A marker of one unit never takes the end of a group away, so every consonant and foreign unit
+// that begins a group stops a scan, and so does the second sign of a kind: none goes back over more
+// than three groups. What lies before them is kept only for its pairs.
+void RephPass::ForgetFarGroup() {
+    constexpr std::size_t kReach = 3;
+    if (m_Search.Length() > 1 || m_Groups.size() <= kReach) return;
+    const auto far = m_Groups.end() - kReach;
+    if (far->pairs == 0) m_Groups.erase(far);
+}
+
 void RephPass::Place(char16_t unit) {
     const Group& last = m_Groups.back();
     if (last.start < m_End) {
         const Kind kind = KindOf(unit);
         const bool inCluster = kind == Kind::Consonant && m_Units[m_End - 1] == kUnitVirama;
         if (kind != Kind::SteppedOver && !inCluster) {
-            const auto next =
-                IsSteppedOver(last) ? last.next : static_cast<std::uint32_t>(m_Groups.size() - 1);
-            m_Groups.push_back({m_End, 0, next});
+            const std::uint32_t back = IsSteppedOver(last) ? last.back + 1 : 1;
+            ForgetFarGroup();
+            m_Groups.push_back({m_End, 0, back});
         }
     }
     m_Units[m_End++] = unit;
@@ -109,14 +119,14 @@ void RephPass::RemoveAtStart(std::size_t length) {
     m_Groups.erase(m_Groups.begin() + 1, m_Groups.begin() + 1 + static_cast<std::ptrdiff_t>(gone));
     for (std::size_t i = 1; i < m_Groups.size(); ++i) {
         m_Groups[i].start -= removed;
-        m_Groups[i].next -= std::min(m_Groups[i].next, static_cast<std::uint32_t>(gone));
+        m_Groups[i].back = std::min(m_Groups[i].back, static_cast<std::uint32_t>(i));
     }
 }
 
 // The scan from the end of what was read.
 RephPass::Target RephPass::FindRephTarget() const {
     bool vowelSeen = false, candrabinduSeen = false;
-    for (std::size_t at = m_Groups.size() - 1;; at = m_Groups[at].next) {
+    for (std::size_t at = m_Groups.size() - 1;; at -= m_Groups[at].back) {
         CountWork(1);
         const Group& group = m_Groups[at];
         if (group.start < m_End) {

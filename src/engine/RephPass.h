@@ -21,6 +21,9 @@ public:
     // the pass would never end; failure 14 where the line grows beyond the longest.
     void Run(UnitBuffer& line);
 
+    // So many groups were kept at the end of the last line; they are what the pass needs room for.
+    std::size_t GroupsKept() const { return m_Groups.size(); }
+
 private:
     enum class Kind : std::uint8_t { Foreign, Consonant, SteppedOver, VowelSign, Candrabindu };
     // A unit that a scan may stop at, and those behind it that every scan steps over. The pairs of
@@ -29,7 +32,7 @@ private:
     struct Group {
         std::uint32_t start;
         std::uint32_t pairs;
-        std::uint32_t next; // where a scan that passes this group goes on
+        std::uint32_t back; // so many groups before it a scan that passes it goes on
     };
     struct Target {
         std::size_t group;
@@ -39,6 +42,7 @@ private:
     Kind KindOf(char16_t unit) const;
     bool IsBehindVirama(const Group& group) const;
     bool IsSteppedOver(const Group& group) const;
+    void ForgetFarGroup();
     void Place(char16_t unit);
     void Remove(std::size_t length);
     void RemoveAtStart(std::size_t length);

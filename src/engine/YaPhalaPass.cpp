@@ -73,6 +73,9 @@ void YaPhalaPass::RunOneUnit(UnitBuffer& line) {
     const char16_t marker = m_Search.Marker()[0];
     const auto markers = static_cast<std::size_t>(std::count(line.View().begin(), line.View().end(), marker));
     const std::size_t length = line.Size();
+    // Each marker adds a unit at least: told before any room is taken, unless the pass is endless.
+    if (markers > 0 && kBehindBareRa.find(marker) == kBehindBareRa.npos)
+        CheckGrowth(length + markers, m_LongestLine);
     // A marker becomes three units at most. The text waits at the end of the room, so that
     // what is written never reaches what is still to be read.
     line.Room(3 * markers);

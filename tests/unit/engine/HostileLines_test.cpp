@@ -5,6 +5,7 @@
 
 #include "EngineTesting.h"
 #include "HostileTesting.h"
+#include "engine/RephPass.h"
 #include "engine/WorkCounter.h"
 
 #include <gtest/gtest.h>
@@ -21,6 +22,20 @@ TEST(HostileLines, ResultsAreThoseOfThePasses) {
         engine.Convert(std::u16string_view(line), output);
         EXPECT_EQ(0, expected.failure) << hostile.name;
         EXPECT_EQ(Hex(expected.text), Hex(output.View())) << hostile.name;
+    }
+}
+
+// A table can make a line of hundreds of millions of units; a group for each would be gigabytes.
+TEST(HostileLines, TheRephPassNeedsRoomForRephsNotForText) {
+    RephPass pass;
+    pass.SetMarkers(u"R", u"Y");
+    for (const std::u16string_view text : {u"x", u"\u0995", u"\u09BE", u"\u0981", u"\u09BE\u0981", u"Y",
+                                           u"\u0995\u09CD", u"\u0995\u09CD\u09BE", u"\u0995\u0981 "}) {
+        const std::u16string line = u"\u0995" + Repeated(text, 100000) + u"R" + Repeated(text, 100000);
+        UnitBuffer worked;
+        worked.Append(line);
+        pass.Run(worked);
+        EXPECT_LE(pass.GroupsKept(), 8u) << Hex(text);
     }
 }
 

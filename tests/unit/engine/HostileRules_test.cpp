@@ -111,6 +111,31 @@ std::string Repeat(const std::string& line, std::size_t count) {
     return made;
 }
 
+// The longest line holds between the rules too, even where a later one takes everything out.
+TEST(HostileRules, ATableThatExplodesEndsAtTheLongestLine) {
+    const auto convert = [](std::size_t longest, const Rules& rules, UnitBuffer& output) {
+        EngineLimits limits;
+        limits.LongestLine = longest;
+        Engine engine(limits);
+        engine.Load(Table{u"R", u"Y", rules}.Payload());
+        try {
+            engine.Convert(std::u16string_view(u"a"), output);
+        } catch (const RuntimeFailure& failure) {
+            return failure.Number();
+        }
+        return 0;
+    };
+    Rules rules = Times(4, {{u"a", std::u16string(12, u'a')}}); // 12, 144, 1,728, 20,736
+    UnitBuffer output;
+    EXPECT_EQ(0, convert(20736, rules, output));
+    EXPECT_EQ(std::u16string(20736, u'a'), output.View());
+    EXPECT_EQ(14, convert(20735, rules, output));
+    rules.emplace_back(u"a", u"");
+    EXPECT_EQ(14, convert(20735, rules, output));
+    rules = Times(40, {{u"a", std::u16string(12, u'a')}});
+    EXPECT_EQ(14, convert(1000000, rules, output));
+}
+
 TEST(HostileRules, ResultsAreThoseOfRuleAfterRule) {
     for (const HostileRules& hostile : kHostileRules) {
         const Table table = hostile.WithMarkers();
