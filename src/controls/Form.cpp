@@ -106,9 +106,10 @@ bool Form::OnProperty(std::u16string_view name, std::u16string_view value) {
     return true;
 }
 
-// Under a caption bar the layout's size is that of the inside.
+// Under a caption bar the layout's size is that of the inside. It is rounded by itself, wherever
+// the form lies on the screen: its controls count from its own edge.
 void Form::OnPlace(const RECT& pixels) {
-    RECT outer{0, 0, WidthOf(pixels), HeightOf(pixels)};
+    RECT outer{0, 0, ToPixels(Base.m_Width, m_Dpi), ToPixels(Base.m_Height, m_Dpi)};
     if (m_Caption) {
         const auto style = static_cast<DWORD>(GetWindowLongW(Base.m_hWnd, GWL_STYLE));
         const auto exStyle = static_cast<DWORD>(GetWindowLongW(Base.m_hWnd, GWL_EXSTYLE));

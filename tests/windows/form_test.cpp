@@ -180,6 +180,21 @@ TEST_F(FormKit, AnAccessKeyOfALabelGoesToItsField) {
     EXPECT_TRUE(FocusComesTo(form.TextLow.Base));
 }
 
+// What ends with the form in twips ends with it in pixels.
+TEST_F(FormKit, TheInsideHasTheFormsSizeWhereverItLies) {
+    Control& form = m_Shown->Window.Base;
+    for (const int dpi : {96, 120, 144, 192}) {
+        SetDpi(dpi);
+        for (int left = 0; left < 30; ++left) {
+            m_Ui.Run([&] { form.Move(left, left, 6000 + 8, 4500 + 8); });
+            RECT client;
+            GetClientRect(form.hWnd(), &client);
+            EXPECT_EQ(client.right, ToPixels(6008, dpi)) << left << " at " << dpi;
+            EXPECT_EQ(client.bottom, ToPixels(4508, dpi)) << left << " at " << dpi;
+        }
+    }
+}
+
 TEST_F(FormKit, PlacesFollowTheDpi) {
     TestForm& form = *m_Shown;
     for (const int dpi : {96, 120, 144, 192}) {
