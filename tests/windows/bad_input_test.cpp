@@ -209,6 +209,25 @@ TEST_F(BadInput, SizesThatNobodyMeans) {
     });
 }
 
+// Far out a control still stands where it should in its container.
+TEST_F(BadInput, ContainersThatLieBeyondAllScreens) {
+    m_Ui.Run([&] {
+        BadForm& form = *m_Shown;
+        const Control& title = form.Title->Base;
+        RECT before, after;
+        GetWindowRect(title.hWnd(), &before);
+        MapWindowPoints(nullptr, form.Box->Base.hWnd(), reinterpret_cast<POINT*>(&before), 2);
+        form.Box->Base.Left(std::numeric_limits<int>::max());
+        form.Box->Base.Top(std::numeric_limits<int>::max());
+        GetWindowRect(title.hWnd(), &after);
+        MapWindowPoints(nullptr, form.Box->Base.hWnd(), reinterpret_cast<POINT*>(&after), 2);
+        EXPECT_NEAR(after.left, before.left, 1);
+        EXPECT_NEAR(after.top, before.top, 1);
+        EXPECT_NEAR(after.right, before.right, 1);
+        EXPECT_NEAR(after.bottom, before.bottom, 1);
+    });
+}
+
 TEST_F(BadInput, PicturesThatAreNone) {
     m_Ui.Run([&] {
         BadForm& form = *m_Shown;

@@ -1,5 +1,5 @@
-// What holds for every control: calls after its form's end, disabling, what code may do while
-// it is disabled, the ground of its frame.
+// What holds for every control: calls before its window and after its form's end, disabling,
+// what code may do while it is disabled, the ground of its frame.
 #include "base/DoEvents.h"
 #include "controls/Painting.h"
 #include "windows/EveryForm.h"
@@ -146,6 +146,66 @@ TEST_F(Every, ControlAfterUnloadLetsOtherFormsBe) {
         form.Window.RefreshGround();
         DoEvents();
         EXPECT_EQ(PaintsSoFar().Paints, paints);
+    });
+}
+
+TEST_F(Every, ControlBeforeItsWindowLetsOtherFormsBe) {
+    m_Ui.Run([&] {
+        DoEvents();
+        auto paints = PaintsSoFar().Paints;
+        const auto calm = [&](Control& control) {
+            control.Caption(u"&Other");
+            control.Enabled(false);
+            control.Visible(false);
+            control.Move(15, 30, 450, 600);
+            control.Font(StrongFont());
+            control.ZOrder();
+            control.Invalidate();
+            control.Refresh();
+            DoEvents();
+            EXPECT_EQ(PaintsSoFar().Paints, paints) << text::ToUtf8(control.TypeName());
+            paints = PaintsSoFar().Paints;
+        };
+        PasteBox paste;
+        paste.Text(u"x");
+        paste.Locked(true);
+        calm(paste.Base);
+        ResultBox result;
+        result.Text(u"x");
+        calm(result.Base);
+        TwoColumnList table;
+        table.Header(0, u"Other");
+        table.Clear();
+        calm(table.Base);
+        CheckList ticks;
+        ticks.AddItem(u"one", UiFont());
+        ticks.Checked(0, true);
+        ticks.ListIndex(0);
+        calm(ticks.Base);
+        McListBox rows;
+        rows.AddItem(u"one");
+        rows.ListIndex(0);
+        rows.Refresh();
+        calm(rows.Base);
+        FontCombo faces;
+        faces.AddItem(u"one", UiFont());
+        faces.Text(u"x");
+        calm(faces.Base);
+        AdvProgressBar bar;
+        bar.Value(7);
+        calm(bar.Base);
+        TavrelButton go;
+        go.Primary(true);
+        calm(go.Base);
+        CheckBox tick;
+        tick.Value(1);
+        calm(tick.Base);
+        Label title;
+        title.ForeColor(RGB(1, 2, 3));
+        calm(title.Base);
+        Frame box;
+        box.BackColor(RGB(1, 2, 3));
+        calm(box.Base);
     });
 }
 

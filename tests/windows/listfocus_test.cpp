@@ -7,6 +7,8 @@
 #include "windows/FormTest.h"
 #include "windows/Pixels.h"
 
+#include <cstdlib>
+
 namespace {
 
 constexpr std::u16string_view kLayout =
@@ -50,14 +52,14 @@ protected:
             ReleaseDC(window, screen);
             std::vector<int> dotted;
             for (int row = 0; row < 5; ++row) {
-                const int y = (table ? 24 : 0) + row * 20 + 1;
-                const RECT edge{table ? 2 : 60, y, client.right - 2, y + 1};
+                const int y = (table ? Px(24) : 0) + row * Px(20) + Hair();
+                const RECT edge{table ? 2 * Hair() : Px(60), y, client.right - 2 * Hair(), y + 1};
                 // Every second pixel; a selected row has them in the colour of its text.
                 const COLORREF ink = Theme::Pick(palette::Ink, COLOR_WINDOWTEXT),
                                light = Theme::Pick(palette::Card, COLOR_HIGHLIGHTTEXT);
                 const bool current = row == (table ? m_Shown->Table.ListIndex() : m_Shown->Ticks.ListIndex());
                 const int dots = shown.Count(current ? light : ink, edge);
-                if (dots >= WidthOf(edge) / 2 - 1 && dots <= WidthOf(edge) / 2 + 1) dotted.push_back(row);
+                if (std::abs(dots - WidthOf(edge) / 2) <= Hair()) dotted.push_back(row);
             }
             return dotted;
         });
