@@ -4,6 +4,7 @@
 //   plain_form PLUGIN.dll <INPUT >OUTPUT
 #include "reference/PlainConvert.h"
 
+#include "base/Files.h"
 #include "base/Text.h"
 #include "engine/PluginFile.h"
 
@@ -30,7 +31,9 @@ reference::Table ReadTable(std::u16string_view payload) {
 
 int main(int argc, char** argv) {
     if (argc != 2) return 2;
-    const reference::Table table = ReadTable(plugin::ReadPayload(text::FromUtf8(argv[1])));
+    std::string file;
+    if (!files::ReadAll(files::FromPathBytes(argv[1]), file)) return 3;
+    const reference::Table table = ReadTable(plugin::OpenPayload(std::move(file)));
     const reference::Table passes{table.reph, table.yaPhala, {}};
     char line[1024];
     while (std::fgets(line, sizeof line, stdin) != nullptr) {

@@ -202,10 +202,6 @@ std::size_t ValidUtf8(std::string_view bytes) {
     }
 }
 
-bool IsUtf8BeyondAscii(std::string_view bytes) {
-    return LeadingAscii(bytes, 0) < bytes.size() && ValidUtf8(bytes) == bytes.size();
-}
-
 std::u16string FromUtf16Le(std::string_view bytes) {
     std::u16string units(bytes.size() / 2, u'\0');
     static_assert(std::endian::native == std::endian::little);

@@ -29,8 +29,6 @@ std::u16string FromUtf8(std::string_view bytes, std::size_t* invalid = nullptr);
 std::string ToUtf8(std::u16string_view units, std::size_t* replaced = nullptr);
 // Bytes of the longest valid UTF-8 at the start.
 std::size_t ValidUtf8(std::string_view bytes);
-// True for valid UTF-8 with at least one character beyond ASCII.
-bool IsUtf8BeyondAscii(std::string_view bytes);
 
 // UTF-16 little-endian bytes. An odd last byte becomes U+FFFD.
 std::u16string FromUtf16Le(std::string_view bytes);

@@ -10,12 +10,6 @@
 
 namespace plugin {
 
-std::u16string ReadPayload(std::u16string_view path) {
-    clsCryptoAPI crypto;
-    crypto.SessionStart();
-    return crypto.DecryptFileTEXT(path, AssemblePassPhrase());
-}
-
 std::u16string OpenPayload(std::string bytes) {
     clsCryptoAPI crypto;
     crypto.SessionStart();

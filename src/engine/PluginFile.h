@@ -6,11 +6,9 @@
 
 namespace plugin {
 
-// The text inside the plug-in at path, without its mark: both markers, then the rules,
+// The text inside a plug-in with these bytes, without its mark: both markers, then the rules,
 // lines split at CR LF. Raises the failures of clsCryptoAPI; noise for a file that is
 // damaged or was made with another pass phrase.
-std::u16string ReadPayload(std::u16string_view path);
-// The same for the bytes of a file at hand.
 std::u16string OpenPayload(std::string bytes);
 
 // The bytes of a plug-in that holds this text. The same text gives the same bytes: the

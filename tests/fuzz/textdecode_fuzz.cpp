@@ -3,6 +3,7 @@
 
 #include "base/Files.h"
 #include "base/Text.h"
+#include "console/SourceCheck.h"
 #include "reference/PlainText.h"
 #include "textfiles/modUnicodeRW.h"
 
@@ -66,7 +67,10 @@ void CheckBytes(std::string_view bytes) {
     }
     bool beyond = false;
     for (const char byte : bytes) beyond = beyond || static_cast<unsigned char>(byte) > 0x7F;
-    Require(text::IsUtf8BeyondAscii(bytes) == (invalid == 0 && beyond), "UTF-8 beyond ASCII is told");
+    sourcecheck::Judge judge;
+    judge.Take(bytes);
+    Require((judge.Result() == sourcecheck::Finding::Utf8) == (invalid == 0 && beyond),
+            "UTF-8 beyond ASCII is told");
 
     Require(files::ToPathBytes(files::FromPathBytes(bytes)) == bytes, "a path's bytes there and back");
 }

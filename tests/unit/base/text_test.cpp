@@ -68,10 +68,11 @@ TEST(Utf8, EncodesAndReplacesLoneSurrogates) {
     EXPECT_EQ("\xF0\x9F\x98\x80", text::ToUtf8(u"\U0001F600"));
 }
 
-TEST(Utf8, BeyondAscii) {
-    EXPECT_FALSE(text::IsUtf8BeyondAscii("plain"));
-    EXPECT_TRUE(text::IsUtf8BeyondAscii("\xE0\xA6\x95"));
-    EXPECT_FALSE(text::IsUtf8BeyondAscii("\xE0\xA6"));
+TEST(Utf8, TheValidPartEndsInFrontOfWhatIsNot) {
+    EXPECT_EQ(5u, text::ValidUtf8("plain"));
+    EXPECT_EQ(3u, text::ValidUtf8("\xE0\xA6\x95"));
+    EXPECT_EQ(0u, text::ValidUtf8("\xE0\xA6"));
+    EXPECT_EQ(4u, text::ValidUtf8("\xE0\xA6\x95k\xFFk"));
 }
 
 TEST(Utf16, OddLastByteBecomesTheReplacementCharacter) {

@@ -4,6 +4,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 #include <string>
 
@@ -54,6 +55,11 @@ TEST(SourceCheck, ALookEndsWithTheFirstByteThatDecides) {
     EXPECT_TRUE(judge.Decided());
 }
 
+bool IsUtf8BeyondAscii(std::string_view bytes) {
+    const auto isBeyond = [](char byte) { return static_cast<unsigned char>(byte) > 0x7F; };
+    return text::ValidUtf8(bytes) == bytes.size() && std::any_of(bytes.begin(), bytes.end(), isBeyond);
+}
+
 // The decoder of base/Text is the judge; blocks of all sizes give the same answer.
 TEST(SourceCheck, AgreesWithTheDecoderOnRandomBytes) {
     constexpr unsigned char kBytes[] = {'a',  0x80, 0x8F, 0x90, 0x9F, 0xA0, 0xBF, 0xC1, 0xC2, 0xDF,
@@ -64,7 +70,7 @@ TEST(SourceCheck, AgreesWithTheDecoderOnRandomBytes) {
         std::string bytes;
         for (auto length = random() % 6; length > 0; --length)
             bytes += static_cast<char>(kBytes[random() % sizeof kBytes]);
-        const Finding expected = text::IsUtf8BeyondAscii(bytes) ? Finding::Utf8 : Finding::None;
+        const Finding expected = IsUtf8BeyondAscii(bytes) ? Finding::Utf8 : Finding::None;
         ASSERT_EQ(expected, Judged(bytes));
         ASSERT_EQ(expected, Judged(bytes, 1));
         found += expected == Finding::Utf8;
