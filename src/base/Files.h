@@ -51,6 +51,8 @@ std::string ToPathBytes(std::u16string_view path);
 // FileExists is false for a folder.
 bool FileExists(std::u16string_view path);
 bool FolderExists(std::u16string_view path);
+// False for pipes and devices, whose bytes are gone once they are read.
+bool CanBeReadAgain(std::u16string_view path);
 // True where both name the same file on the disk.
 bool SameFile(std::u16string_view a, std::u16string_view b);
 

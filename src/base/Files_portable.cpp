@@ -250,6 +250,11 @@ bool FolderExists(std::u16string_view path) {
     return Stat(path, info) && S_ISDIR(info.st_mode);
 }
 
+bool CanBeReadAgain(std::u16string_view path) {
+    struct stat info;
+    return Stat(path, info) && S_ISREG(info.st_mode);
+}
+
 bool SameFile(std::u16string_view a, std::u16string_view b) {
     struct stat one, other;
     return Stat(a, one) && Stat(b, other) && one.st_dev == other.st_dev && one.st_ino == other.st_ino;

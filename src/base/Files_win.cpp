@@ -231,6 +231,10 @@ bool FolderExists(std::u16string_view path) {
     return attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_DIRECTORY);
 }
 
+bool CanBeReadAgain(std::u16string_view path) {
+    return FileExists(path);
+}
+
 bool SameFile(std::u16string_view a, std::u16string_view b) {
     auto identify = [](std::u16string_view path, BY_HANDLE_FILE_INFORMATION& info) {
         const Handle file(CreateFileW(Wide(Native(path)), 0, kShareAll, nullptr, OPEN_EXISTING,

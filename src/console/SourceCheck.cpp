@@ -53,7 +53,7 @@ Finding Judge::Result() const {
 
 Finding Look(std::u16string_view path) {
     files::InputFile file;
-    if (!file.Open(path)) return Finding::None;
+    if (!files::CanBeReadAgain(path) || !file.Open(path)) return Finding::None;
     Judge judge;
     std::string block(65536, '\0');
     std::size_t got = 0;

@@ -31,7 +31,7 @@ private:
     unsigned char m_First = 0;
 };
 
-// What a file is; None where it cannot be read.
+// What a file is; None where it cannot be read, or could not be read again.
 Finding Look(std::u16string_view path);
 
 } // namespace sourcecheck

@@ -89,6 +89,16 @@ def test_a_file_that_cannot_be_read(zorvak, example, tmp_path):
     assert zorvak.name(bad) in result.err
 
 
+def test_a_pipe_is_read_once(native, example, tmp_path):
+    pipe = tmp_path / "pipe.txt"
+    os.mkfifo(pipe)
+    with subprocess.Popen(["sh", "-c", 'printf "k\\351" >"$0"', str(pipe)]) as writer:
+        result = native.run("convert", "--plugin", example, pipe, timeout=30)
+        assert writer.wait(30) == 0
+    assert (result.code, result.err) == (0, "")
+    assert (tmp_path / "pipe- Unicode.txt").read_bytes() == utf16("\u0995\u00e9")
+
+
 def test_a_file_without_the_right_to_read_it(native, example, open_folder, unprivileged):
     program = native.installed_in(open_folder / "program")
     bad, good = write(open_folder / "bad.txt", "k"), write(open_folder / "good.txt", "k")
