@@ -7,7 +7,7 @@ import subprocess
 
 import pytest
 
-from conftest import names, utf16, write
+from conftest import build_plugin, names, plain_table, utf16, write
 
 
 def test_folder(zorvak, example, tmp_path):
@@ -180,6 +180,17 @@ def test_a_damaged_plug_in(zorvak, example, tmp_path, damage):
     assert result.code == 3, result
     assert result.out == b"" and zorvak.name(plugin) in result.err
     assert names(tmp_path) == ["a.txt", "bad.dll"]
+
+
+def test_a_plug_in_with_more_rules_than_a_conversion_takes(zorvak, tmp_path):
+    table = plain_table([(chr(0x4E00 + i % 500) + chr(0x6000 + i // 500), "\u0995") for i in range(32768)])
+    plugin = build_plugin(zorvak, tmp_path, "Large", table)
+    source = write(tmp_path / "a.txt", "k")
+    for arguments in [["convert", source], ["convert", "--keep-going", source], ["text"]]:
+        result = zorvak.run(*arguments, "--plugin", plugin, input=b"k\n")
+        assert result.code == 3, result
+        assert result.out == b"" and zorvak.name(plugin) in result.err and "Overflow" in result.err
+    assert names(tmp_path) == ["Large.dll", "a.txt"]
 
 
 def test_usage_comes_before_the_plug_in(zorvak, tmp_path):

@@ -47,6 +47,17 @@ def test_nothing_gives_nothing(zorvak, example):
         assert (result.code, result.out, result.err) == (0, b"", "")
 
 
+def test_a_hyphen_is_standard_input(zorvak, example):
+    result = zorvak.run("text", "--plugin", example, "-", input=b"k\n")
+    assert (result.code, result.out.decode()) == (0, "\u0995\n")
+    assert zorvak.run("text", "--plugin", example, "-", "-", input=b"k\n").code == 2
+
+
+def test_words_of_encodings_in_any_case(zorvak, example):
+    result = zorvak.run("text", "--plugin", example, "--input", "UTF-8", "--output", "Utf-16", input=b"k")
+    assert (result.code, result.out) == (0, b"\x95\x09")
+
+
 def test_a_lone_cr_is_text(zorvak, example):
     result = zorvak.run("text", "--plugin", example, input=b"k\rk\r\r\nk\r")
     assert result.out.decode() == "\u0995\r\u0995\r\r\n\u0995\r"

@@ -320,4 +320,58 @@ TEST_F(FilesFaults, AFileWhoseSizeTheSystemDoesNotTellIsReadWhole) {
     EXPECT_NE(bytes.npos, bytes.find("VmPeak"));
 }
 
+TEST_F(FilesFaults, WhereNeitherMoveNorLinkHoldsNothingStandsUnderTheName) {
+    EXPECT_EQ("Input/output error, Input/output error", InChild([&]() -> std::string {
+                  if (!FailCall(SYS_renameat2, ENOSYS) || !FailCall(SYS_linkat, EPERM) ||
+                      !FailCall(SYS_renameat, EIO))
+                      return "no filter";
+                  const int moved = renameat(AT_FDCWD, "a", AT_FDCWD, "b");
+                  return All({(moved == -1 ? std::strerror(errno) : "moved"),
+                              Told(files::WriteNew(m_Folder / u"a.txt", "new"))});
+              }));
+    EXPECT_EQ(0u, m_Folder.Names().size());
+}
+
+TEST_F(FilesFaults, AFileSystemThatKnowsNoFlushingIsNoFailure) {
+    for (const int error : {EINVAL, ENOTSUP}) {
+        EXPECT_EQ(All({std::strerror(error), "done"}), InChild([&]() -> std::string {
+                      if (!FailCall(SYS_fsync, error)) return "no filter";
+                      const int flushed = fsync(0);
+                      return All({(flushed == -1 ? std::strerror(errno) : "flushed"),
+                                  Told(files::WriteReplacing(m_Folder / u"a.txt", "new"))});
+                  }));
+        EXPECT_EQ("new", m_Folder.Get(u"a.txt"));
+        std::filesystem::remove(m_Folder.Path(u"a.txt"));
+    }
+}
+
+TEST_F(FilesFaults, AbsolutePathFromTheRoot) {
+    EXPECT_EQ("/a.txt /", InChild([]() -> std::string {
+                  if (chdir("/") != 0) return std::strerror(errno);
+                  return files::ToPathBytes(files::AbsolutePath(u"a.txt") + u" " + files::AbsolutePath(u"."));
+              }));
+}
+
+TEST_F(FilesFaults, OfNamesThatDifferInCaseTheExactOneIsFoundElseTheFirst) {
+    for (const char16_t* name : {u"bijoy.DLL", u"Bijoy.dll", u"BIJOY.dll", u"bijoy.dll"})
+        m_Folder.Put(name, "");
+    ASSERT_EQ(4u, m_Folder.Names().size());
+    EXPECT_EQ(u"bijoy.dll", files::FindNoCase(m_Folder.Name(), u"bijoy.dll"));
+    EXPECT_EQ(u"BIJOY.dll", files::FindNoCase(m_Folder.Name(), u"BIJOY.DLL"));
+}
+
+TEST_F(FilesFaults, ALinkCountsAsWhatItLeadsTo) {
+    m_Folder.Put(u"file.txt", "");
+    std::filesystem::create_directory(m_Folder.Path(u"folder"));
+    std::filesystem::create_symlink("file.txt", m_Folder.Path(u"to file"));
+    std::filesystem::create_symlink("folder", m_Folder.Path(u"to folder"));
+    std::filesystem::create_symlink("nowhere", m_Folder.Path(u"to nothing"));
+    ASSERT_EQ(0, mkfifo(m_Folder.Path(u"pipe").c_str(), 0666));
+    std::vector<std::u16string> names;
+    ASSERT_TRUE(files::ListFiles(m_Folder.Name(), names));
+    EXPECT_EQ((std::vector<std::u16string>{u"file.txt", u"to file"}), names);
+    EXPECT_TRUE(files::CanBeReadAgain(m_Folder / u"to file"));
+    EXPECT_FALSE(files::CanBeReadAgain(m_Folder / u"pipe"));
+}
+
 } // namespace

@@ -184,4 +184,50 @@ TEST_P(CryptoFailures, NothingIsLeftOpen) {
     EXPECT_EQ(open, 0);
 }
 
+// What the provider is asked for, with its arguments.
+TEST_P(CryptoFailures, CallsByPassword) {
+    CryptoOperations table = Table();
+    std::string log;
+    const auto note = [&log](const char* name, std::initializer_list<Ops::Dword> arguments) {
+        log += name;
+        for (const Ops::Dword argument : arguments) log += " " + std::to_string(argument);
+        log += "; ";
+    };
+    table.CryptCreateHash = [&, create = table.CryptCreateHash](auto provider, auto algorithm, auto key,
+                                                                auto flags, auto& hash) {
+        note("hash", {algorithm, static_cast<Ops::Dword>(key), flags});
+        return create(provider, algorithm, key, flags, hash);
+    };
+    table.CryptHashData = [&, add = table.CryptHashData](auto hash, auto* bytes, auto length, auto flags) {
+        note("data", {length, flags});
+        return add(hash, bytes, length, flags);
+    };
+    table.CryptDeriveKey = [&, derive = table.CryptDeriveKey](auto provider, auto algorithm, auto hash,
+                                                              auto flags, auto& key) {
+        note("key", {algorithm, flags});
+        return derive(provider, algorithm, hash, flags, key);
+    };
+    table.CryptSetKeyParam = [&, set = table.CryptSetKeyParam](auto key, auto what, auto* bytes, auto flags) {
+        note("salt", {what, flags});
+        return set(key, what, bytes, flags);
+    };
+    table.CryptEncrypt = [&, encrypt = table.CryptEncrypt](auto key, auto hash, auto final, auto flags,
+                                                           auto* bytes, auto& length, auto room) {
+        note("encrypt", {static_cast<Ops::Dword>(hash), final, flags, length});
+        return encrypt(key, hash, final, flags, bytes, length, room);
+    };
+    table.CryptDecrypt = [&, decrypt = table.CryptDecrypt](auto key, auto hash, auto final, auto flags,
+                                                           auto* bytes, auto& length) {
+        note("decrypt", {static_cast<Ops::Dword>(hash), final, flags, length});
+        return decrypt(key, hash, final, flags, bytes, length);
+    };
+    clsCryptoAPI crypto(std::move(table));
+    crypto.SessionStart();
+    const std::u16string coded = crypto.EncryptString(u"four", u"pass");
+    EXPECT_EQ(log, "hash 32772 0 0; data 4 0; key 26625 1; salt 2 0; encrypt 0 1 0 4; ");
+    log.clear();
+    crypto.DecryptString(coded, u"pass");
+    EXPECT_EQ(log, "hash 32772 0 0; data 4 0; key 26625 1; salt 2 0; decrypt 0 1 0 4; ");
+}
+
 } // namespace

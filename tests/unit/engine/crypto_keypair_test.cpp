@@ -83,6 +83,28 @@ TEST(CryptoKeyPair, GenerateAsksForTheRightKey) {
     EXPECT_TRUE(log.ends_with("destroy 102; "));
 }
 
+TEST(CryptoKeyPair, TheSessionEndsWithItsKeyFirstThenThePair) {
+    std::string log;
+    CryptoOperations table = Obedient(&log);
+    table.CryptDeriveKey = [](Handle, Dword, Handle, Dword, Handle& key) {
+        key = 400;
+        return true;
+    };
+    table.CryptImportKey = [](auto...) { return false; }; // leaves the session key
+    table.CryptReleaseContext = [&](Handle, Dword) {
+        log += "release; ";
+        return true;
+    };
+    clsCryptoAPI crypto(std::move(table));
+    crypto.SessionStart();
+    crypto.Generate_KeyPair(true);
+    crypto.ValuePublicPrivateKey(u"blob");
+    FailureOf([&] { crypto.Import_KeyPair(u"p", true); });
+    log.clear();
+    crypto.SessionEnd();
+    EXPECT_EQ(log, "destroy 400; destroy 101; release; ");
+}
+
 TEST(CryptoKeyPair, CallsOfEncryption) {
     std::string log;
     clsCryptoAPI crypto(Obedient(&log));

@@ -124,6 +124,20 @@ TEST_F(Ini, PathsWithoutAnsiForm) {
     EXPECT_EQ(ReadByOwn(u"a", u"k", path), u"v");
 }
 
+// Longer than the system's call takes, also by the short form.
+TEST_F(Ini, VeryLongPaths) {
+    std::u16string deep = m_Folder.Name();
+    for (int i = 0; i < 40; ++i) {
+        deep = files::Join(deep, u"folder");
+        ASSERT_TRUE(files::CreateFolder(deep));
+    }
+    ASSERT_GT(deep.size(), 260u);
+    const std::u16string path = files::Join(deep, u"f.ini");
+    ASSERT_TRUE(files::WriteNew(path, "[a]\r\nk=v\r\n"));
+    EXPECT_EQ(ReadPluginIni(u"a", u"k", path), u"v");
+    EXPECT_EQ(ReadByOwn(u"a", u"k", path), u"v");
+}
+
 // Beside the test program there is no Plugin.INI of its own, only perhaps the build's.
 TEST_F(Ini, AnEmptyFileNameMeansThePluginIniBesideTheProgram) {
     EXPECT_EQ(ReadPluginIni(u"no such plug-in", u"Table", u""), u"");

@@ -2,6 +2,7 @@
 // there.
 
 #include "base/Files.h"
+#include "base/Text.h"
 #include "engine/PluginFile.h"
 #include "engine/clsConvert.h"
 #include "support/Child_portable.h"
@@ -110,6 +111,18 @@ TEST_F(TextBatchFaults, ReadTextFileOfAnUnreadableFile) {
                   modUnicodeRW::ReadTextFile(path, 0, ok);
                   return fault + YesNo(ok) + files::ToPathBytes(LastFailure());
               }));
+}
+
+TEST_F(TextBatchFaults, AFileWhoseSizeTheSystemDoesNotTellIsReadWhole) {
+    std::ifstream file("/proc/self/environ", std::ios::binary);
+    std::string bytes{std::istreambuf_iterator<char>(file), {}};
+    ASSERT_EQ(0u, std::filesystem::file_size("/proc/self/environ"));
+    ASSERT_GT(bytes.size(), 100u);
+    bool ok = false;
+    EXPECT_EQ(text::FromCp1252(bytes), modUnicodeRW::ReadTextFile(u"/proc/self/environ", 0, ok));
+    EXPECT_TRUE(ok);
+    EXPECT_EQ(text::FromUtf16Le(bytes), modUnicodeRW::ReadTextFile(u"/proc/self/environ", -1, ok));
+    EXPECT_TRUE(ok);
 }
 
 TEST_F(TextBatchFaults, CopyAndDeleteWithoutTheRights) {
