@@ -28,7 +28,7 @@ std::ostream& operator<<(std::ostream& out, const Held& held);
 
 // What that many lives leave behind, in full: how much more there is of each. Some lives come
 // first, for what is made once and kept. On a machine with much else to do it ends after a
-// minute, yet not before two hundred lives.
+// minute, yet not before two hundred lives, unless ZC_SOAK asks for them all.
 Held LeftBy(int lives, const std::function<void()>& live);
 
 } // namespace gui
