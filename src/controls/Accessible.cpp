@@ -1,4 +1,6 @@
 // One IAccessible for all controls: it asks the control's table, and the kit for the rest.
+//
+// Tested by tests/windows/every_control_test.cpp and spoken_rows_test.cpp.
 #include "controls/Accessible.h"
 
 #include "controls/Caption.h"

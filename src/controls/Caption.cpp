@@ -1,3 +1,6 @@
+// Walks the caption once; the pairs of "&" are taken together from the left.
+//
+// Tested by tests/windows/layout_test.cpp and button_caption_test.cpp.
 #include "controls/Caption.h"
 
 #include "base/win.h"

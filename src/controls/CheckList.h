@@ -60,7 +60,6 @@ private:
     bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
     bool OnKey(WPARAM key);
     void OnCharacter(char16_t unit);
-    void OnWheel(int delta);
     void Toggle(int row);
     int RowAt(int y) const; // -1 for none
     int RowsInSight() const;
@@ -73,7 +72,7 @@ private:
     std::vector<std::pair<::Font, FontHandle>> m_Fonts; // each font once
     int m_RowHeight = 20;
     int m_Current = -1, m_Top = 0, m_Pressed = -1;
-    int m_Wheel = 0; // what is left of its turns
+    int m_WheelRest = 0; // see RowScroll::RowsTurned
     TypedSearch m_Search;
     bool m_RefreshPosted = false;
 };

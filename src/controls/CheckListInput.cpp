@@ -1,8 +1,11 @@
 // Mouse, keys, wheel and scroll bar of the list.
+//
+// Tested by tests/windows/checklist_test.cpp.
 #include "controls/CheckList.h"
 #include "controls/Events.h"
 #include "controls/ListBorder.h"
 #include "controls/Painting.h"
+#include "controls/RowScroll.h"
 
 #include <algorithm>
 #include <utility>
@@ -42,41 +45,12 @@ bool CheckList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
         OnCharacter(static_cast<char16_t>(wParam));
         return true;
     case WM_MOUSEWHEEL:
-        OnWheel(static_cast<short>(HIWORD(wParam)));
+        ScrollTo(m_Top -
+                 RowScroll::RowsTurned(static_cast<short>(HIWORD(wParam)), RowsInSight(), m_WheelRest));
         return true;
-    case WM_VSCROLL: {
-        SCROLLINFO bar{};
-        bar.cbSize = sizeof bar;
-        bar.fMask = SIF_TRACKPOS;
-        GetScrollInfo(Base.hWnd(), SB_VERT, &bar);
-        switch (LOWORD(wParam)) {
-        case SB_LINEUP:
-            ScrollTo(m_Top - 1);
-            break;
-        case SB_LINEDOWN:
-            ScrollTo(m_Top + 1);
-            break;
-        case SB_PAGEUP:
-            ScrollTo(m_Top - RowsInSight());
-            break;
-        case SB_PAGEDOWN:
-            ScrollTo(m_Top + RowsInSight());
-            break;
-        case SB_TOP:
-            ScrollTo(0);
-            break;
-        case SB_BOTTOM:
-            ScrollTo(ListCount());
-            break;
-        case SB_THUMBTRACK:
-        case SB_THUMBPOSITION:
-            ScrollTo(bar.nTrackPos);
-            break;
-        default:
-            break;
-        }
+    case WM_VSCROLL:
+        ScrollTo(RowScroll::TopWanted(Base.hWnd(), LOWORD(wParam), m_Top, RowsInSight(), ListCount()));
         return true;
-    }
     case kRefresh:
         m_RefreshPosted = false;
         ScrollTo(m_Top);
@@ -124,16 +98,6 @@ void CheckList::OnCharacter(char16_t unit) {
     const int row = m_Search.Find(unit, ListCount(), m_Current,
                                   [this](int at) -> std::u16string_view { return At(at).Text; });
     if (row >= 0) ListIndex(row);
-}
-
-void CheckList::OnWheel(int delta) {
-    UINT lines = 3;
-    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
-    const int step = lines == WHEEL_PAGESCROLL ? RowsInSight() : static_cast<int>(std::min(lines, 100U));
-    m_Wheel += delta * step;
-    const int rows = m_Wheel / WHEEL_DELTA;
-    m_Wheel -= rows * WHEEL_DELTA;
-    ScrollTo(m_Top - rows);
 }
 
 // What the user does to a tick. The handler comes last: it may destroy the list.

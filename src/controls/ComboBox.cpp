@@ -1,3 +1,7 @@
+// The system's combo box, its entries drawn by the owner. A choice is told by a posted message: the system
+// is still at work when it tells of it, and the handler may end the box.
+//
+// Tested by tests/windows/combobox_test.cpp.
 #include "controls/ComboBox.h"
 
 #include "controls/ComboField.h"

@@ -1,5 +1,7 @@
 // What controls have in common: creation from a layout row, place, state, focus. The window
 // procedure is in ControlWindow.cpp.
+//
+// Tested by tests/windows/form_test.cpp, every_control_test.cpp and destroyed_test.cpp.
 #include "controls/Control.h"
 
 #include "base/RuntimeFailure.h"

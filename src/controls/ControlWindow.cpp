@@ -1,5 +1,7 @@
 // The windows of the controls: one window procedure for all, the kit's own and the
 // system's.
+//
+// Tested by tests/windows/form_test.cpp, failures_test.cpp and destroyed_test.cpp.
 #include "base/RuntimeFailure.h"
 #include "controls/Control.h"
 #include "controls/EventFrame.h"

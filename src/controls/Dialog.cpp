@@ -1,3 +1,7 @@
+// The common dialogs of before the shell's: they alone answer with flags and error numbers. All forms are
+// disabled while one is open.
+//
+// Tested by tests/windows/dialog_test.cpp.
 #include "controls/Dialog.h"
 
 #include "base/RuntimeFailure.h"

@@ -1,3 +1,6 @@
+// Calls that older systems lack are looked up; before them one DPI holds for every window.
+//
+// Tested by tests/windows/dpi_test.cpp.
 #include "controls/Dpi.h"
 
 int DpiOf(HWND window) {

@@ -1,3 +1,6 @@
+// Subclasses the list's window and answers what screen readers ask for; its rows are those of the box.
+//
+// Tested by tests/windows/droppedlist_test.cpp.
 #include "controls/DroppedList.h"
 
 #include "controls/ComboField.h"

@@ -1,3 +1,6 @@
+// Everything runs on one thread, so the first failure is one variable.
+//
+// Tested by tests/windows/failures_test.cpp and failures_events_test.cpp.
 #include "controls/EventFrame.h"
 
 #include "base/RuntimeFailure.h"

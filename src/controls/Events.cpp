@@ -1,3 +1,6 @@
+// Keys and mouse as the handlers are told of them.
+//
+// Tested by tests/windows/button_test.cpp and fields_test.cpp.
 #include "controls/Events.h"
 
 #include "controls/Dpi.h"

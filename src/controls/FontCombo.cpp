@@ -1,3 +1,7 @@
+// The system's combo box with an edit window inside, which is subclassed for keys and the place of the text.
+// A font of the list is made when its entry is drawn for the first time.
+//
+// Tested by tests/windows/fontcombo_test.cpp.
 #include "controls/FontCombo.h"
 
 #include "controls/ComboField.h"

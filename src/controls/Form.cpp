@@ -1,5 +1,7 @@
 // A form's window, its place, DPI and theme. Its controls: FormLayout.cpp; ground:
 // FormGround.cpp; keys: FormKeys.cpp; the modal show: FormModal.cpp.
+//
+// Tested by tests/windows/form_test.cpp, shaped_form_test.cpp and dpi_test.cpp.
 #include "controls/Form.h"
 
 #include "base/DoEvents.h"

@@ -89,10 +89,11 @@ public:
 
     // Events.
     std::function<void()> Resize;
-    std::function<void(int Button, int Shift, int X, int Y)> MouseDown;
+    std::function<void(int Button, int Shift, int X, int Y)> MouseDown; // X, Y in twips of the client area
     std::function<void()> Closing;    // the caption's close button; without a handler: Unload
     std::function<void()> DpiChanged; // sizes, fonts and pictures have followed already
-    std::function<void(HDC, const RECT& client)> PaintGround; // over the gradient, under all controls
+    // Over the gradient, under all controls; client in pixels.
+    std::function<void(HDC, const RECT& client)> PaintGround;
 
 private:
     friend class Control;

@@ -1,4 +1,6 @@
 // What a form's controls stand on: its fill or gradient, and the outline of its region.
+//
+// Tested by tests/windows/shaped_form_test.cpp.
 #include "controls/Dpi.h"
 #include "controls/EventFrame.h"
 #include "controls/Form.h"

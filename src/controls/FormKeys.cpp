@@ -1,4 +1,6 @@
 // Keys that belong to the form: Tab, Enter, Esc and access keys.
+//
+// Tested by tests/windows/form_keys_test.cpp and option_keys_test.cpp.
 #include "controls/Caption.h"
 #include "controls/EventFrame.h"
 #include "controls/Form.h"

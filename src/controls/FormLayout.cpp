@@ -1,4 +1,6 @@
 // The making of a form and its controls from its layout.
+//
+// Tested by tests/windows/layout_test.cpp and own_forms_test.cpp.
 #include "controls/Form.h"
 
 #include "base/RuntimeFailure.h"

@@ -1,5 +1,7 @@
 // The modal show of a form, and dialogs of the system. One stack tells of both, and from it
 // follows which forms take input: the topmost modal one alone, without a modal one all.
+//
+// Tested by tests/windows/form_modal_test.cpp and form_behind_test.cpp.
 #include "base/RuntimeFailure.h"
 #include "controls/EventFrame.h"
 #include "controls/Form.h"

@@ -1,3 +1,7 @@
+// A frame paints no more than ground and border; what its children ask to be painted behind them is the same
+// ground, further up where it has none.
+//
+// Tested by tests/windows/form_test.cpp and gallery_test.cpp.
 #include "controls/Frame.h"
 
 #include "controls/Painting.h"

@@ -1,3 +1,6 @@
+// A window without text of the system's: the label draws it.
+//
+// Tested by tests/windows/form_test.cpp, option_keys_test.cpp and bad_input_test.cpp.
 #include "controls/Label.h"
 
 #include "base/RuntimeFailure.h"

@@ -1,3 +1,7 @@
+// Rows hold views of the table, which must outlive them. A table that breaks the form is a fault of the
+// program and fails when it is read.
+//
+// Tested by tests/windows/layout_test.cpp and every_control_test.cpp.
 #include "controls/Layout.h"
 
 #include "base/RuntimeFailure.h"

@@ -189,8 +189,6 @@ private:
     void OnMouseMove(const MouseAt& mouse);
     void OnMouseLeave();
     void OnOverTimer();
-    void OnScroll(int request);
-    void OnWheel(int delta);
     void MoveTo(int row);
     void Choose(int row); // as keys and screen readers do
     void ScrollTo(int top);
@@ -214,7 +212,7 @@ private:
     int m_RefreshTicks = 0;
     bool m_RowsAdded = false; // that screen readers have not been told of
     bool m_MouseInside = false, m_Pressed = false, m_SecondPress = false;
-    int m_WheelRest = 0;
+    int m_WheelRest = 0; // see RowScroll::RowsTurned
     TypedSearch m_Search;
     std::unique_ptr<cToolTip> m_RowTip;
     class ListDropTarget* m_Drop = nullptr;

@@ -1,4 +1,6 @@
 // Files that are dropped on a list. Whatever else is dragged over it is turned away.
+//
+// Tested by tests/windows/mclistbox_drop_test.cpp.
 #include "controls/ComObject.h"
 #include "controls/Dpi.h"
 #include "controls/EventFrame.h"

@@ -1,8 +1,11 @@
 // Mouse, keys, wheel, scroll bar and tip of a list.
+//
+// Tested by tests/windows/mclistbox_input_test.cpp and mclistbox_scroll_test.cpp.
 #include "base/RuntimeFailure.h"
 #include "controls/Dpi.h"
 #include "controls/McListBox.h"
 #include "controls/Painting.h"
+#include "controls/RowScroll.h"
 #include "controls/modSound.h"
 #include "controls/modWin.h"
 
@@ -50,10 +53,12 @@ bool McListBox::OnInput(UINT message, WPARAM wParam, LPARAM lParam, LRESULT&) {
         m_Pressed = false;
         return true;
     case WM_MOUSEWHEEL:
-        OnWheel(static_cast<short>(HIWORD(wParam)));
+        ScrollTo(m_State.TopRow -
+                 RowScroll::RowsTurned(static_cast<short>(HIWORD(wParam)), VisibleRows(), m_WheelRest));
         return true;
     case WM_VSCROLL:
-        OnScroll(LOWORD(wParam));
+        ScrollTo(
+            RowScroll::TopWanted(Base.hWnd(), LOWORD(wParam), m_State.TopRow, VisibleRows(), ListCount()));
         return true;
     case WM_KEYDOWN:
         OnKey(static_cast<int>(wParam));
@@ -238,43 +243,6 @@ void McListBox::ScrollTo(int top) {
     SetScrollPos(Base.hWnd(), SB_VERT, top, TRUE);
     HoverUnderMouse();
     Base.Invalidate();
-}
-
-void McListBox::OnScroll(int request) {
-    SCROLLINFO thumb{sizeof thumb, SIF_TRACKPOS, 0, 0, 0, 0, 0};
-    switch (request) {
-    case SB_LINEUP:
-        return ScrollTo(m_State.TopRow - 1);
-    case SB_LINEDOWN:
-        return ScrollTo(m_State.TopRow + 1);
-    case SB_PAGEUP:
-        return ScrollTo(m_State.TopRow - VisibleRows());
-    case SB_PAGEDOWN:
-        return ScrollTo(m_State.TopRow + VisibleRows());
-    case SB_TOP:
-        return ScrollTo(0);
-    case SB_BOTTOM:
-        return ScrollTo(ListCount());
-    case SB_THUMBTRACK:
-    case SB_THUMBPOSITION:
-        // The message itself carries 16 bits only.
-        if (GetScrollInfo(Base.hWnd(), SB_VERT, &thumb)) ScrollTo(thumb.nTrackPos);
-        return;
-    default:
-        return;
-    }
-}
-
-// Fine wheels send parts of a notch.
-void McListBox::OnWheel(int delta) {
-    UINT lines = 3;
-    SystemParametersInfoW(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
-    const int perNotch =
-        lines == WHEEL_PAGESCROLL ? VisibleRows() : std::min(static_cast<int>(lines), VisibleRows());
-    m_WheelRest += delta * perNotch;
-    const int rows = m_WheelRest / WHEEL_DELTA;
-    m_WheelRest -= rows * WHEEL_DELTA;
-    ScrollTo(m_State.TopRow - rows);
 }
 
 void McListBox::UpdateScrollBar() {

@@ -1,4 +1,6 @@
 // How a list looks. Only rows inside the context's clipping area are asked for and drawn.
+//
+// Tested by tests/windows/mclistbox_look_test.cpp and mclistbox_states_test.cpp.
 #include "controls/Dpi.h"
 #include "controls/McListBox.h"
 #include "controls/Painting.h"

@@ -1,3 +1,6 @@
+// One bitmap is made for each painting: keeping one would cost memory for every control on screen.
+//
+// Tested by tests/windows/mclistbox_look_test.cpp and advprogressbar_test.cpp.
 #include "controls/Painting.h"
 
 namespace {

@@ -1,3 +1,6 @@
+// A rich edit; what it shares with the result box is in RichField.cpp.
+//
+// Tested by tests/windows/richboxes_test.cpp.
 #include "controls/PasteBox.h"
 
 #include "controls/RichField.h"

@@ -1,6 +1,8 @@
 // The file form: "ZPIC", a count, and for each version width, height (at 96 DPI), width,
 // height (in pixels), and its pixels in runs: a count of 1 to 255 and blue, green, red,
 // alpha, multiplied by alpha. Numbers are 16-bit little-endian, runs may span rows.
+//
+// Tested by tests/windows/picture_test.cpp.
 #include "controls/Picture.h"
 
 #include "base/RuntimeFailure.h"

@@ -18,8 +18,8 @@ public:
     OleColour BackColor() const { return m_BackColor; }
     void BackColor(OleColour colour);
 
-    std::function<void(HDC, const RECT& client)> Paint; // over ground and picture
-    std::function<void(int Button, int Shift, int X, int Y)> MouseDown;
+    std::function<void(HDC, const RECT& client)> Paint; // over ground and picture; client in pixels
+    std::function<void(int Button, int Shift, int X, int Y)> MouseDown; // X, Y in twips of the box
 
 private:
     bool OnProperty(std::u16string_view name, std::u16string_view value);

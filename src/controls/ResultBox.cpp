@@ -1,3 +1,6 @@
+// A rich edit; what it shares with the paste box is in RichField.cpp.
+//
+// Tested by tests/windows/richboxes_test.cpp.
 #include "controls/ResultBox.h"
 
 #include "controls/RichField.h"

@@ -1,4 +1,6 @@
 // The look of the button: fill and frame of each style, picture, focus, caption.
+//
+// Tested by tests/windows/button_look_test.cpp and button_states_test.cpp.
 #include "controls/Dpi.h"
 #include "controls/Painting.h"
 #include "controls/TavrelButton.h"

@@ -1,5 +1,7 @@
 // What mouse and keyboard do to the button, and the order of its events. Any event may
 // destroy the button, so each is followed by a look whether it still exists.
+//
+// Tested by tests/windows/button_test.cpp and button_sound_test.cpp.
 #include "controls/TavrelButton.h"
 
 #include "base/DoEvents.h"

@@ -1,3 +1,6 @@
+// The system's edit box of one line.
+//
+// Tested by tests/windows/fields_test.cpp.
 #include "controls/TextBox.h"
 
 #include "controls/Events.h"

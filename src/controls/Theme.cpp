@@ -1,3 +1,6 @@
+// Colours have names in layouts, the same as in the palette.
+//
+// Tested by tests/windows/layout_test.cpp and every_control_test.cpp.
 #include "controls/Theme.h"
 
 #include "base/RuntimeFailure.h"

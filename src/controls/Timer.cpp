@@ -1,3 +1,6 @@
+// A timer of the form's window, found again by its address, since the system knows numbers only.
+//
+// Tested by tests/windows/timer_test.cpp.
 #include "controls/Timer.h"
 
 #include "controls/EventFrame.h"

@@ -1,4 +1,6 @@
 // The look of the toggles: glyph, caption wrapped by hand, focus rectangle.
+//
+// Tested by tests/windows/toggle_look_test.cpp.
 #include "controls/Toggle.h"
 
 #include "base/Text.h"

@@ -1,5 +1,7 @@
 // The list view keeps the rows, scrolls and answers its messages; nothing of its look is
 // left: see TwoColumnListPaint.cpp. The header is told in TwoColumnListHeader.cpp.
+//
+// Tested by tests/windows/twocolumnlist_test.cpp.
 #include "controls/TwoColumnList.h"
 
 #include "base/Text.h"

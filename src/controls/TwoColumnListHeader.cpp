@@ -1,5 +1,7 @@
 // The header of the table: its height, its paint, and what screen readers are told of its
 // columns.
+//
+// Tested by tests/windows/twocolumnlist_test.cpp and spoken_rows_test.cpp.
 #include "controls/MSubclass.h"
 #include "controls/Painting.h"
 #include "controls/TwoColumnList.h"

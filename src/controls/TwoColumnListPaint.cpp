@@ -1,4 +1,6 @@
 // The look of the list and of its header, one blit each.
+//
+// Tested by tests/windows/twocolumnlist_test.cpp.
 #include "controls/Dpi.h"
 #include "controls/Painting.h"
 #include "controls/Theme.h"

@@ -1,6 +1,8 @@
 // The combo prints itself into the bitmap of the paint, and the skin is drawn over it before
 // anything reaches the screen. Ground and text are drawn too: the system would leave a bar of
 // the selection there while a plain list has the focus.
+//
+// Tested by tests/windows/cxpcombo_test.cpp.
 #include "controls/cXPCombo.h"
 
 #include "controls/Control.h"

@@ -1,3 +1,6 @@
+// Hands each combo box its skin and colours.
+//
+// Tested by tests/windows/cxpcombo_test.cpp.
 #include "controls/modXPCombo.h"
 
 #include "controls/Control.h"
