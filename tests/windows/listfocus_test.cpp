@@ -13,10 +13,10 @@ namespace {
 
 constexpr std::u16string_view kLayout =
     u"form\n"
-    u"f\t\tfrmLists\tform\t\t\t9000\t4500\tLists\t\t\n"
+    u"f\t\tfrmLists\tform\t\t\t6900\t4500\tLists\t\t\n"
     u"f\tfrmLists\tOther\ttext\t150\t3750\t2250\t360\t\t1\tAccessibleName=Other\n"
     u"f\tfrmLists\tTicks\tchecklist\t150\t150\t3705\t1830\t\t2\tAccessibleName=Ticks\n"
-    u"f\tfrmLists\tTable\tlistview\t4500\t150\t3750\t2490\t\t3\tColumns=One|Two; AccessibleName=Table\n";
+    u"f\tfrmLists\tTable\tlistview\t3975\t150\t2775\t2490\t\t3\tColumns=One|Two; AccessibleName=Table\n";
 
 struct ListsForm {
     Form Window;
