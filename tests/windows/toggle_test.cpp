@@ -106,8 +106,8 @@ TEST_F(Toggle, MovesAreToldInTwips) {
         };
     });
     const Control& ready = m_Shown->Ready->Base;
-    gui::MoveTo(gui::ToScreen(ready.hWnd(), ready.Scaled(8), ready.Scaled(10)));
-    EXPECT_TRUE(Becomes([&] { return x == 120 && y == 150 && button == 0; }));
+    gui::MoveTo(gui::ToScreen(ready.hWnd(), ready.Scaled(8), ready.Scaled(12)));
+    EXPECT_TRUE(Becomes([&] { return x == 120 && y == 180 && button == 0; }));
 }
 
 TEST_F(Toggle, ADoubleClickTogglesTwice) {
