@@ -7,6 +7,7 @@
 #include "controls/EventFrame.h"
 #include "controls/Form.h"
 #include "controls/Painting.h"
+#include "controls/SystemCall.h"
 
 #include <unordered_map>
 
@@ -97,14 +98,15 @@ void Control::Detach() {
 
 void Control::DestroyWindowNow() {
     m_Tip.reset();
-    if (m_hWnd) DestroyWindow(m_hWnd);
+    if (m_hWnd && !SystemCall::Outlives(m_hWnd)) DestroyWindow(m_hWnd);
     // Had it been another thread's window, it would still be there.
     if (m_hWnd) Detach();
 }
 
 LRESULT Control::DefaultProcedure(UINT message, WPARAM wParam, LPARAM lParam) {
-    return m_SystemProcedure ? CallWindowProcW(m_SystemProcedure, m_hWnd, message, wParam, lParam)
-                             : DefWindowProcW(m_hWnd, message, wParam, lParam);
+    if (!m_SystemProcedure) return DefWindowProcW(m_hWnd, message, wParam, lParam);
+    const SystemCall call(m_hWnd, m_SystemProcedure);
+    return CallWindowProcW(m_SystemProcedure, m_hWnd, message, wParam, lParam);
 }
 
 LRESULT CALLBACK Control::WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
@@ -113,7 +115,8 @@ LRESULT CALLBACK Control::WindowProcedure(HWND window, UINT message, WPARAM wPar
         control = static_cast<Control*>(reinterpret_cast<const CREATESTRUCTW*>(lParam)->lpCreateParams);
         if (control) EventFrame::Run([&] { control->Attach(window); });
     }
-    if (!control) return DefWindowProcW(window, message, wParam, lParam);
+    if (!control) return SystemCall::Answer(window, message, wParam, lParam);
+    if (message == WM_DESTROY) SystemCall::OutliveInside(window);
     if (message == WM_NCDESTROY) {
         // The control lives on without its window: it was its form's.
         const WNDPROC system = control->m_SystemProcedure;
@@ -122,6 +125,7 @@ LRESULT CALLBACK Control::WindowProcedure(HWND window, UINT message, WPARAM wPar
         });
         control = FromWindow(window);
         if (control) control->Detach();
+        if (SystemCall::HasOutlived(window)) return 0;
         return system ? CallWindowProcW(system, window, message, wParam, lParam)
                       : DefWindowProcW(window, message, wParam, lParam);
     }

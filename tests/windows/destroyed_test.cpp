@@ -46,8 +46,7 @@ protected:
         Focus(form.Text->Base);
         gui::Type(VK_BACK);
     };
-    // A message of the system to a text that is selected as a whole. WM_UNDO is not among them:
-    // there Wine's edit window reads what it has freed.
+    // A message of the system to a text that is selected as a whole.
     Cause Changes(UINT message) {
         return [this, message](gui::EveryForm& form) {
             m_Ui.Run([&] {
