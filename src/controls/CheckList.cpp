@@ -57,7 +57,7 @@ struct CheckListRows {
         IntersectRect(&seen, &row, &client);
         return seen;
     }
-    static int ChildAt(void* self, POINT client) { return List(self).RowAt(client.y) + 1; }
+    static int ChildAt(void* self, POINT client) { return List(self).RowAt(client) + 1; }
     static int Current(void* self) { return List(self).ListIndex() + 1; }
     static void Select(void* self, int child) { List(self).ListIndex(child - 1); }
 };

@@ -61,7 +61,7 @@ private:
     bool OnKey(WPARAM key);
     void OnCharacter(char16_t unit);
     void Toggle(int row);
-    int RowAt(int y) const; // -1 for none
+    int RowAt(POINT at) const; // -1 for none
     int RowsInSight() const;
     void ScrollTo(int top);
     void Reveal(int row);

@@ -1,6 +1,6 @@
 // Mouse, keys, wheel and scroll bar of the list.
 //
-// Tested by tests/windows/checklist_test.cpp.
+// Tested by tests/windows/checklist_test.cpp and checklist_press_test.cpp.
 #include "controls/CheckList.h"
 #include "controls/Events.h"
 #include "controls/ListBorder.h"
@@ -15,24 +15,24 @@ constexpr UINT kRefresh = WM_APP + 1;
 } // namespace
 
 bool CheckList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    const int y = static_cast<short>(HIWORD(lParam));
+    const POINT at{static_cast<short>(LOWORD(lParam)), static_cast<short>(HIWORD(lParam))};
     switch (message) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK: {
-        const int row = RowAt(y);
+        const int row = RowAt(at);
         if (row < 0) return true;
+        SetCapture(Base.hWnd()); // may tell of a loss of the capture first
         m_Pressed = row;
-        SetCapture(Base.hWnd());
         ListIndex(row);
         InvalidateRow(row);
         return true;
     }
     case WM_LBUTTONUP: {
+        // The press may have ended before, by Tab or an emptied list; the mouse is free in any case.
         const int row = std::exchange(m_Pressed, -1);
-        if (row < 0) return true;
-        ReleaseCapture();
+        if (GetCapture() == Base.hWnd()) ReleaseCapture();
         InvalidateRow(row);
-        if (RowAt(y) == row) Toggle(row);
+        if (row >= 0 && RowAt(at) == row) Toggle(row);
         return true;
     }
     case WM_CAPTURECHANGED:
@@ -65,21 +65,23 @@ bool CheckList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& r
 bool CheckList::OnKey(WPARAM key) {
     const int last = ListCount() - 1, page = std::max(RowsInSight() - 1, 1);
     if (last < 0) return false;
+    // Without a current row the marked one is where keys begin.
+    const int from = MarkedRow(), step = m_Current >= 0 ? 1 : 0;
     switch (key) {
     case VK_SPACE:
-        Toggle(m_Current);
+        Toggle(from);
         return true;
     case VK_UP:
-        ListIndex(std::max(m_Current - 1, 0));
+        ListIndex(std::max(from - step, 0));
         return true;
     case VK_DOWN:
-        ListIndex(std::min(m_Current + 1, last));
+        ListIndex(std::min(from + step, last));
         return true;
     case VK_PRIOR:
-        ListIndex(std::max(m_Current - page, 0));
+        ListIndex(std::max(from - page, 0));
         return true;
     case VK_NEXT:
-        ListIndex(std::min(m_Current + page, last));
+        ListIndex(std::min(from + page, last));
         return true;
     case VK_HOME:
         ListIndex(0);
@@ -108,12 +110,12 @@ void CheckList::Toggle(int row) {
     Raise(Click);
 }
 
-int CheckList::RowAt(int y) const {
-    if (y < 0) return -1;
-    const int row = m_Top + y / Base.Scaled(m_RowHeight);
+int CheckList::RowAt(POINT at) const {
     RECT client{};
     GetClientRect(Base.hWnd(), &client);
-    return y < client.bottom && Valid(row) ? row : -1;
+    if (!PtInRect(&client, at)) return -1;
+    const int row = m_Top + static_cast<int>(at.y) / Base.Scaled(m_RowHeight);
+    return Valid(row) ? row : -1;
 }
 
 int CheckList::RowsInSight() const {

@@ -85,18 +85,20 @@ void McListBox::OnKey(int key) {
     const StillThere here(Base);
     Raise(KeyDown, key, ShiftState());
     if (!here || !Base.hWnd()) return;
-    const int current = ListIndex(), last = ListCount() - 1;
+    // Without a current row the first one seen bears the sign of the focus, and keys begin there.
+    const int last = ListCount() - 1, current = ListIndex();
+    const int from = current >= 0 ? current : m_State.TopRow, step = current >= 0 ? 1 : 0;
     switch (key) {
     case VK_UP:
     case VK_LEFT:
-        return Choose(std::max(current - 1, 0));
+        return Choose(std::max(from - step, 0));
     case VK_DOWN:
     case VK_RIGHT:
-        return Choose(std::min(current + 1, last));
+        return Choose(std::min(from + step, last));
     case VK_PRIOR:
-        return Choose(std::max(current - VisibleRows(), 0));
+        return Choose(std::max(from - VisibleRows(), 0));
     case VK_NEXT:
-        return Choose(std::min(current + VisibleRows(), last));
+        return Choose(std::min(from + VisibleRows(), last));
     case VK_HOME:
         return Choose(0);
     case VK_END:

@@ -139,6 +139,22 @@ TEST_F(Lists, ArrowsHomeEndAndPagesSelectAndClick) {
     EXPECT_TRUE(Hears("KeyDown38 KeyUp38 "));
 }
 
+TEST_F(Lists, KeysBeginAtTheRowThatShowsTheFocus) {
+    Fill(Files(), 30);
+    m_Ui.Run([&] { Files().Base.SetFocus(); });
+    for (const WORD key : {VK_DOWN, VK_UP}) {
+        m_Ui.Run([&] {
+            if (Files().ListIndex() >= 0) Files().Remove(-1); // leaves no current row
+            for (int i = 0; i < 3; ++i) SendMessageW(Files().Base.hWnd(), WM_VSCROLL, SB_LINEDOWN, 0);
+        });
+        const int top = On([&] { return Files().TopRow(); });
+        ASSERT_GT(top, 0);
+        gui::Type(key);
+        EXPECT_TRUE(Becomes([&] { return Files().ListIndex() == top; })) << key;
+        EXPECT_EQ(On([&] { return Files().TopRow(); }), top) << key;
+    }
+}
+
 TEST_F(Lists, KeysOnAnEmptyListDoNothing) {
     Listen(Files());
     m_Ui.Run([&] { Files().Base.SetFocus(); });
