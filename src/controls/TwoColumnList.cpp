@@ -1,7 +1,7 @@
 // The list view keeps the rows, scrolls and answers its messages; nothing of its look is
 // left: see TwoColumnListPaint.cpp. The header is told in TwoColumnListHeader.cpp.
 //
-// Tested by tests/windows/twocolumnlist_test.cpp.
+// Tested by tests/windows/twocolumnlist_test.cpp and twocolumnlist_paint_test.cpp.
 #include "controls/TwoColumnList.h"
 
 #include "base/Text.h"
@@ -134,6 +134,7 @@ int TwoColumnList::AddItem(const std::u16string& first, const std::u16string& se
 void TwoColumnList::Remove(int row) {
     if (!Valid(row, 0)) return;
     SendMessageW(Base.hWnd(), LVM_DELETEITEM, static_cast<WPARAM>(row), 0);
+    Base.Invalidate(); // also what stood there before and has moved
     Base.Notify(EVENT_OBJECT_REORDER);
 }
 
@@ -265,6 +266,7 @@ void TwoColumnList::OnNotify(const NMHDR& told) {
         PostMessageW(Base.hWnd(), kClicked, 0, 0);
         break;
     case LVN_ITEMCHANGED: {
+        Base.Invalidate(); // the list itself leaves out the left edge of its rows
         const auto& item = reinterpret_cast<const NMLISTVIEW&>(told);
         if (!(item.uNewState & LVIS_SELECTED) || (item.uOldState & LVIS_SELECTED)) break;
         Base.Notify(EVENT_OBJECT_SELECTION, item.iItem + 1);
@@ -301,6 +303,7 @@ void TwoColumnList::FitColumns() {
     const int half = WidthOf(client) / kColumns;
     SendMessageW(Base.hWnd(), LVM_SETCOLUMNWIDTH, 0, half);
     SendMessageW(Base.hWnd(), LVM_SETCOLUMNWIDTH, 1, WidthOf(client) - half);
+    Base.Invalidate(); // the dividers of the rows have moved
 }
 
 RECT TwoColumnList::Row(int row) const {

@@ -50,6 +50,17 @@ Pixels ClientOf(HWND window) {
     });
 }
 
+Pixels ShownOf(HWND window) {
+    RECT client;
+    GetClientRect(window, &client);
+    const HDC screen = GetDC(window);
+    const Pixels shown = Drawn(client.right, client.bottom, [&](HDC dc) {
+        BitBlt(dc, 0, 0, client.right, client.bottom, screen, 0, 0, SRCCOPY);
+    });
+    ReleaseDC(window, screen);
+    return shown;
+}
+
 namespace {
 
 // The system's own way leaves children out.

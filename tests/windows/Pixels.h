@@ -25,6 +25,8 @@ struct Pixels {
 Pixels Drawn(int width, int height, const std::function<void(HDC)>& draw, COLORREF ground = RGB(255, 0, 255));
 // The client area of a window, as it paints itself; on the window's thread.
 Pixels ClientOf(HWND window);
+// The same as it stands on the screen now; nothing may cover it.
+Pixels ShownOf(HWND window);
 // The whole window with its border and its children; on the window's thread.
 Pixels WindowOf(HWND window);
 

@@ -43,17 +43,11 @@ protected:
             const bool table = &list == &m_Shown->Table.Base;
             const HWND window = list.hWnd();
             for (int i = 0; i < 3; ++i) UpdateWindow(window);
-            RECT client;
-            GetClientRect(window, &client);
-            const HDC screen = GetDC(window);
-            const gui::Pixels shown = gui::Drawn(client.right, client.bottom, [&](HDC dc) {
-                BitBlt(dc, 0, 0, client.right, client.bottom, screen, 0, 0, SRCCOPY);
-            });
-            ReleaseDC(window, screen);
+            const gui::Pixels shown = gui::ShownOf(window);
             std::vector<int> dotted;
             for (int row = 0; row < 5; ++row) {
                 const int y = (table ? Px(24) : 0) + row * Px(20) + Hair();
-                const RECT edge{table ? 2 * Hair() : Px(60), y, client.right - 2 * Hair(), y + 1};
+                const RECT edge{table ? 2 * Hair() : Px(60), y, shown.Width - 2 * Hair(), y + 1};
                 // Every second pixel; a selected row has them in the colour of its text.
                 const COLORREF ink = Theme::Pick(palette::Ink, COLOR_WINDOWTEXT),
                                light = Theme::Pick(palette::Card, COLOR_HIGHLIGHTTEXT);
