@@ -91,6 +91,7 @@ void ComboBox::OnCommand(UINT notification) {
 }
 
 bool ComboBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
+    if (message == WM_SETFONT) ComboField::Close(Base);
     if (message == kReflected + WM_COMMAND) {
         OnCommand(HIWORD(wParam));
         return true;

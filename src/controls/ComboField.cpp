@@ -15,6 +15,10 @@ bool Dropped(const Control& combo) {
     return SendMessageW(combo.hWnd(), CB_GETDROPPEDSTATE, 0, 0) != 0;
 }
 
+void Close(const Control& combo) {
+    if (Dropped(combo)) SendMessageW(combo.hWnd(), CB_SHOWDROPDOWN, FALSE, 0);
+}
+
 void Toggle(const Control& combo) {
     SendMessageW(combo.hWnd(), CB_SHOWDROPDOWN, !Dropped(combo), 0);
 }
@@ -23,6 +27,9 @@ void Toggle(const Control& combo) {
 // follows from the height of its field.
 void Place(Control& combo, const RECT& pixels, int entries) {
     const HWND window = combo.hWnd();
+    RECT before;
+    GetWindowRect(window, &before);
+    Close(combo);
     SendMessageW(window, CB_SETMINVISIBLE, static_cast<WPARAM>(entries), 0);
     const int row = static_cast<int>(SendMessageW(window, CB_GETITEMHEIGHT, 0, 0));
     SetWindowPos(window, nullptr, pixels.left, pixels.top, WidthOf(pixels),
@@ -38,6 +45,10 @@ void Place(Control& combo, const RECT& pixels, int entries) {
         asked += missing;
         SendMessageW(window, CB_SETITEMHEIGHT, closed, asked);
     }
+    // In between it may have been higher or lower than before and behind all this.
+    const HWND container = GetParent(window);
+    MapWindowPoints(nullptr, container, reinterpret_cast<POINT*>(&before), 2);
+    RedrawWindow(container, &before, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
 }
 
 void DrawEntry(HDC dc, const RECT& place, std::u16string_view text, HFONT font, bool selected, int dpi) {

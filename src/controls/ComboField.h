@@ -6,6 +6,9 @@
 namespace ComboField {
 
 bool Dropped(const Control& combo);
+// Left to itself, an open list whose box changes its font, size or place goes on holding the
+// mouse unseen.
+void Close(const Control& combo);
 // Opens or closes the list.
 void Toggle(const Control& combo);
 // For the control's Place entry: makes the closed box as high as pixels, and the dropped

@@ -141,6 +141,9 @@ void FontCombo::DropDownWidth(int pixels) {
 
 bool FontCombo::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {
+    case WM_SETFONT:
+        ComboField::Close(Base);
+        return false;
     case kReflected + WM_COMMAND:
         return OnCommand(HIWORD(wParam));
     case kReflected + WM_DRAWITEM:

@@ -226,4 +226,54 @@ TEST_F(DroppedLists, AListIsUnavailableWithItsBoxAndGoesWithIt) {
     });
 }
 
+// Else the list would go on holding the mouse unseen.
+TEST_F(DroppedLists, AChangeOfTheBoxClosesThem) {
+    for (const bool fonts : {false, true}) {
+        Control& combo = Combo(fonts);
+        const std::pair<const char*, std::function<void()>> changes[] = {
+            {"resolution", [&] { SetDpi(m_Shown->Window.Dpi() == 96 ? 144 : 96); }},
+            {"font", [&] { m_Ui.Run([&] { combo.Font(HeaderFont()); }); }},
+            {"width", [&] { m_Ui.Run([&] { combo.Width(combo.Width() + 150); }); }},
+            {"place", [&] { m_Ui.Run([&] { combo.Top(combo.Top() + 150); }); }},
+        };
+        for (const auto& [name, change] : changes) {
+            SCOPED_TRACE(name);
+            Open(fonts);
+            EXPECT_TRUE(On([&] { return GetCapture() == ListOf(fonts); }));
+            change();
+            EXPECT_FALSE(On([&] { return ComboField::Dropped(combo); }));
+            EXPECT_FALSE(IsWindowVisible(ListOf(fonts)));
+            EXPECT_TRUE(On([] { return GetCapture() == nullptr; }));
+            EXPECT_EQ(Index(fonts), 1);
+        }
+    }
+}
+
+TEST_F(DroppedLists, ABoxThatGoesElsewhereLeavesNothingBehind) {
+    const HWND form = m_Shown->Window.Base.hWnd();
+    for (const bool fonts : {false, true}) {
+        Control& combo = Combo(fonts);
+        for (const auto& [right, down] : {std::pair{0, 75}, {0, -75}, {30, 30}}) {
+            m_Ui.Run([&] {
+                combo.Move(combo.Left() + right, combo.Top() + down, combo.Width(), combo.Height());
+                RedrawWindow(form, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+                RECT boxes[2];
+                for (const bool which : {false, true}) {
+                    GetWindowRect(Combo(which).hWnd(), &boxes[which]);
+                    MapWindowPoints(nullptr, form, reinterpret_cast<POINT*>(&boxes[which]), 2);
+                }
+                const gui::Pixels shown = gui::ShownOf(form), fresh = gui::ClientOf(form);
+                int left = 0;
+                for (POINT at{0, 0}; at.y < Px(60); ++at.y) {
+                    for (at.x = 0; at.x < shown.Width; ++at.x) {
+                        if (PtInRect(&boxes[0], at) || PtInRect(&boxes[1], at)) continue;
+                        left += shown.At(at.x, at.y) != fresh.At(at.x, at.y);
+                    }
+                }
+                EXPECT_EQ(left, 0) << right << ", " << down;
+            });
+        }
+    }
+}
+
 } // namespace
