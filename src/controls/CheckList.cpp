@@ -19,6 +19,15 @@ namespace {
 constexpr int kGlyphLeft = 5, kGlyphSide = 13, kPictureLeft = 22, kPictureSide = 16;
 constexpr int kBlockLeft = 41, kTextLeft = 45;
 
+// What the selection fills.
+RECT BlockOf(const RECT& place, int indent, int dpi) {
+    return {place.left + Scaled(kBlockLeft, dpi) + Scaled(indent, dpi), place.top, place.right, place.bottom};
+}
+
+void MarkFocus(HDC dc, const RECT& block, COLORREF ink, int dpi) {
+    DottedRectangle(dc, Inset(block, HairLine(dpi)), ink, HairLine(dpi));
+}
+
 const Picture& PictureOf(int number) {
     static const Picture table = Picture::FromResource(u"row-table");
     static const Picture column = Picture::FromResource(u"row-column");
@@ -193,6 +202,10 @@ void CheckList::OnPaint(HDC dc, const RECT& client) {
                       .Enabled = enabled,
                       .Dpi = Base.Dpi()});
     }
+    // Without rows the focus is where the first one will be.
+    if (m_Rows.empty() && focused && enabled)
+        MarkFocus(dc, BlockOf(PlaceOf(0), 0, Base.Dpi()), Theme::Pick(palette::Ink, COLOR_WINDOWTEXT),
+                  Base.Dpi());
 }
 
 void CheckList::OnChanged(Change what) {
@@ -226,7 +239,7 @@ void DrawCheckRow(HDC dc, const RECT& place, const CheckRowState& state) {
 
     COLORREF ink = state.Enabled ? Theme::Pick(palette::Ink, COLOR_WINDOWTEXT)
                                  : Theme::Pick(palette::DisabledText, COLOR_GRAYTEXT);
-    const RECT block{across(kBlockLeft), place.top, place.right, place.bottom};
+    const RECT block = BlockOf(place, state.Indent, state.Dpi);
     if (state.Selected) {
         if (Theme::HighContrast())
             FillRectangle(dc, block, GetSysColor(state.Enabled ? COLOR_HIGHLIGHT : COLOR_WINDOW));
@@ -239,6 +252,5 @@ void DrawCheckRow(HDC dc, const RECT& place, const CheckRowState& state) {
     RECT text{across(kTextLeft), place.top, place.right, place.bottom};
     DrawTextIn(dc, state.Font, state.Text, text, ink,
                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
-    if (state.Focused && state.Enabled)
-        DottedRectangle(dc, Inset(block, HairLine(state.Dpi)), ink, HairLine(state.Dpi));
+    if (state.Focused && state.Enabled) MarkFocus(dc, block, ink, state.Dpi);
 }

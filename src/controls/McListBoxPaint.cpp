@@ -125,6 +125,12 @@ void DrawIcon(HDC dc, const RECT& row, int icon, const McListBoxState& state) {
     RestoreDC(dc, saved);
 }
 
+void MarkFocus(HDC dc, const RECT& block, COLORREF ink, const McListBoxState& state) {
+    if (!state.FocusRectangle || !state.Focused || !state.Enabled) return;
+    const int hair = HairLine(state.Dpi);
+    DottedRectangle(dc, Inset(block, hair), ink, hair);
+}
+
 void DrawRow(HDC dc, const RECT& row, int index, const McListBoxState& state) {
     const ListItem& item = state.Row(index);
     RowLook look = Place(item, row, index, state);
@@ -137,11 +143,8 @@ void DrawRow(HDC dc, const RECT& row, int index, const McListBoxState& state) {
     DrawTextIn(dc, FontOf(item, state), Shown(item), look.Text, ink,
                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     // Without a current row the first one seen tells where the focus is.
-    const bool marked = look.Selected || (state.ListIndex < 0 && index == state.TopRow);
-    if (marked && state.FocusRectangle && state.Focused && state.Enabled) {
-        const int hair = HairLine(state.Dpi);
-        DottedRectangle(dc, Inset(look.Block, hair), ink, hair);
-    }
+    if (look.Selected || (state.ListIndex < 0 && index == state.TopRow))
+        MarkFocus(dc, look.Block, ink, state);
 }
 
 bool Sunken(const McListBoxState& state) {
@@ -195,12 +198,17 @@ void DrawMcListBox(HDC dc, const RECT& place, const McListBoxState& state) {
     RECT seen{};
     GetClipBox(dc, &seen);
     const McListBoxRows rows(state);
+    const auto rowPlace = [&](int below) {
+        return RECT{inside.left, inside.top + rows.Top(below), inside.right,
+                    inside.top + rows.Top(below + 1)};
+    };
     for (int index = state.TopRow; index < state.Count; ++index) {
-        const RECT row{inside.left, inside.top + rows.Top(index - state.TopRow), inside.right,
-                       inside.top + rows.Top(index - state.TopRow + 1)};
+        const RECT row = rowPlace(index - state.TopRow);
         if (row.top >= seen.bottom) break;
         if (row.bottom > seen.top) DrawRow(dc, row, index, state);
     }
+    // Without rows the focus is where the first one will be.
+    if (state.Count == 0) MarkFocus(dc, Place({}, rowPlace(0), 0, state).Block, Ink(state), state);
     RestoreDC(dc, saved);
     DrawMcListBoxBorder(dc, place, state);
 }

@@ -314,3 +314,12 @@ RECT TwoColumnList::Row(int row) const {
         return {};
     return place;
 }
+
+RECT TwoColumnList::FirstPlace() const {
+    RECT place{}, header{};
+    GetClientRect(Base.hWnd(), &place);
+    GetClientRect(m_Header, &header);
+    place.top = header.bottom;
+    place.bottom = place.top + std::max(Base.Scaled(kRowHeight), 2);
+    return place;
+}

@@ -61,6 +61,7 @@ private:
     bool Valid(int row, int column) const;
     void FitColumns();
     RECT Row(int row) const;
+    RECT FirstPlace() const; // of the row at the top, also where there is none
 
     // TwoColumnListPaint.cpp
     int MarkedTop() const;

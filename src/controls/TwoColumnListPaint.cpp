@@ -13,6 +13,11 @@ namespace {
 constexpr int kTextLeft = 6;                                // pixels at 96 DPI
 constexpr COLORREF kQuietSelection = RGB(0xCF, 0xE3, 0xE3); // of a list without the focus
 
+// Above the line under the row.
+void MarkFocus(HDC dc, const RECT& row, COLORREF ink, int hair) {
+    DottedRectangle(dc, Inset({row.left, row.top, row.right, row.bottom - hair}, hair), ink, hair);
+}
+
 } // namespace
 
 // Without a selected row the first one seen tells where the focus is; else, or without the
@@ -45,6 +50,9 @@ void TwoColumnList::PaintRows(HDC dc, const RECT& client) const {
         state.Marked = focused && (state.Selected || row == markedTop);
         DrawTableRow(dc, place, state);
     }
+    // Without rows the focus is where the first one will be.
+    if (count == 0 && focused && enabled)
+        MarkFocus(dc, FirstPlace(), Theme::Pick(palette::Ink, COLOR_WINDOWTEXT), Base.HairLine());
 }
 
 void TwoColumnList::PaintHeader(HDC dc, const RECT& client) const {
@@ -102,5 +110,5 @@ void DrawTableRow(HDC dc, const RECT& place, const TableRowState& state) {
             FillRectangle(dc, {right - hair, ground.top, right, ground.bottom}, divider);
         left = right;
     }
-    if (state.Marked && state.Enabled) DottedRectangle(dc, Inset(ground, hair), ink, hair);
+    if (state.Marked && state.Enabled) MarkFocus(dc, place, ink, hair);
 }

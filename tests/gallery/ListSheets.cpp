@@ -46,6 +46,19 @@ void DrawLists(const Paper& paper) {
     list.ListIndex = 0;
     DrawListIn(paper, 388, 180, 176, 112, list);
     paper.Heading(12, 306, u"live: many rows, few rows, disabled");
+
+    paper.Heading(12, 454, u"no rows: idle, focused; gradient 6, focused");
+    list.Count = 0;
+    list.RowHeight = 20;
+    list.BackGradient = 0;
+    list.ListIndex = -1;
+    DrawListIn(paper, 12, 476, 176, 60, list);
+    list.Focused = true;
+    DrawListIn(paper, 200, 476, 176, 60, list);
+    tasks = TaskList(paper);
+    tasks.Count = 0;
+    tasks.Focused = true;
+    DrawListIn(paper, 388, 476, 176, 60, tasks);
 }
 
 void PrepareLists(Form& form) {
@@ -135,7 +148,7 @@ Sheet Lists() {
     const std::u16string look(kLook);
     return {.Name = u"lists",
             .Shows = {&McListBox::kKind},
-            .Layout = SheetLayout(576, 450) +
+            .Layout = SheetLayout(576, 548) +
                       Row(u"Many", u"McListBox", 12, 328, 176, 112, u"", look + u"Many") +
                       Row(u"Few", u"McListBox", 200, 328, 176, 112, u"", look + u"Few") +
                       Row(u"Off", u"McListBox", 388, 328, 176, 112, u"", look + u"Disabled; Enabled=no") +

@@ -56,7 +56,6 @@ RECT Row(int index) {
 
 TEST(McListBox, AnEmptyListIsItsGroundAndItsBorder) {
     Drawing drawing;
-    drawing.State.Focused = true;
     const gui::Pixels pixels = drawing.Pixels();
     EXPECT_EQ(pixels.Count(palette::Card), 174 * 110);
     EXPECT_EQ(pixels.Count(palette::FieldBorder), 176 * 112 - 174 * 110);
