@@ -1,6 +1,7 @@
 """zorvak convert: files that fail while the others go through"""
 
 import os
+import resource
 import shutil
 import subprocess
 
@@ -128,6 +129,30 @@ def test_a_folder_without_the_right_to_write(native, example, open_folder, unpri
     assert (completed.returncode, completed.stdout) == (1, b"")
     assert str(source) in completed.stderr.decode() and b"ermission denied" in completed.stderr
     assert names(source.parent) == ["a.txt"]
+
+
+def test_a_folder_without_the_right_to_list_it(native, example, open_folder, unprivileged):
+    program = native.installed_in(open_folder / "program")
+    plugin = shutil.copy(example, open_folder / "plugin.dll")
+    os.chmod(plugin, 0o644)
+    write(open_folder / "closed" / "a.txt", "k").parent.chmod(0o333)
+    good = write(open_folder / "good.txt", "k")
+    assert subprocess.run(unprivileged + ["ls", str(open_folder / "closed")], capture_output=True).returncode != 0
+    completed = subprocess.run(unprivileged + program.command("convert", "--plugin", plugin, open_folder / "closed", good),
+                               capture_output=True, timeout=60)
+    assert completed.returncode == 1
+    assert b"good- Unicode.txt" in completed.stdout
+    assert str(open_folder / "closed") in completed.stderr.decode() and b"ermission denied" in completed.stderr
+
+
+def test_a_file_larger_than_the_memory(native, example, tmp_path):
+    big, good = write(tmp_path / "big.txt", b"k" * 60_000_000), write(tmp_path / "good.txt", "k")
+    result = native.run("convert", "--plugin", example, big, good,
+                        preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (90_000_000, 90_000_000)))
+    assert result.code == 1
+    assert native.results(result) == [(good, tmp_path / "good- Unicode.txt")]
+    assert str(big) in result.err and "ut of memory" in result.err
+    assert names(tmp_path) == ["big.txt", "good- Unicode.txt", "good.txt"]
 
 
 def test_a_full_disk(zorvak, example, tmp_path):

@@ -3,6 +3,7 @@
 import os
 import pathlib
 import re
+import resource
 import subprocess
 import threading
 
@@ -186,6 +187,13 @@ def test_memory_is_bounded(native, example):
         reader.join()
         assert process.wait() == 0
     assert peak < 64 * 1024
+
+
+def test_a_line_larger_than_the_memory(native, example):
+    result = native.run("text", "--plugin", example, input=b"k\n" + b"k" * 100_000_000,
+                        preexec_fn=lambda: resource.setrlimit(resource.RLIMIT_AS, (90_000_000, 90_000_000)))
+    assert (result.code, result.out.decode()) == (3, "\u0995\n")
+    assert result.err == "zorvak: out of memory\n"
 
 
 def test_a_closed_pipe_ends_quietly(zorvak, example):
