@@ -39,12 +39,26 @@ const wchar_t* WindowClass() {
     return reinterpret_cast<const wchar_t*>(static_cast<ULONG_PTR>(atom));
 }
 
-// On a real screen Wine moves the screen's own pointer too, and the desktop then tells once more
-// where that was before. So the screen is asked for a pixel, which it answers behind the move,
-// and all take what they were told. Answers whether the mouse is still there.
-bool StaysAt(POINT wanted) {
+bool OnScreen() {
     static const bool onScreen = GetEnvironmentVariableW(L"DISPLAY", nullptr, 0) != 0;
-    if (!onScreen) return true;
+    return onScreen;
+}
+
+// On a real screen Wine moves the screen's own pointer too, and the desktop then tells once more
+// where that was before. Answers whether the mouse is still there.
+bool StaysAt(POINT wanted) {
+    if (!OnScreen()) return true;
+    SettleScreen();
+    POINT at{};
+    GetCursorPos(&at);
+    return at.x == wanted.x && at.y == wanted.y;
+}
+
+} // namespace
+
+// The screen is asked for a pixel, which it answers behind all that it has told.
+void SettleScreen() {
+    if (!OnScreen()) return;
     for (int i = 0; i < 2; ++i) {
         const HDC screen = GetDC(nullptr);
         GetPixel(screen, 0, 0);
@@ -52,12 +66,7 @@ bool StaysAt(POINT wanted) {
         SendMessageTimeoutW(GetDesktopWindow(), WM_NULL, 0, 0, SMTO_NORMAL, 1'000, nullptr);
         for (UiThread* thread : g_Threads) thread->Settle();
     }
-    POINT at{};
-    GetCursorPos(&at);
-    return at.x == wanted.x && at.y == wanted.y;
 }
-
-} // namespace
 
 bool WaitUntil(const std::function<bool()>& ready, DWORD limitMs) {
     const ULONGLONG end = GetTickCount64() + limitMs;
@@ -157,6 +166,7 @@ POINT CentreOf(HWND window) {
 // has to be handled first.
 void MoveTo(POINT screen) {
     for (UiThread* thread : g_Threads) thread->Settle();
+    SettleScreen();
     // Half a pixel more, since the system cuts when it scales the value back.
     const long long width = GetSystemMetrics(SM_CXVIRTUALSCREEN);
     const long long height = GetSystemMetrics(SM_CYVIRTUALSCREEN);

@@ -9,6 +9,9 @@
 
 namespace gui {
 
+// Waits until all have taken what a real screen has told so far.
+void SettleScreen();
+
 // Asks until ready answers true (result true) or the limit has passed (result false).
 bool WaitUntil(const std::function<bool()>& ready, DWORD limitMs = 10'000);
 

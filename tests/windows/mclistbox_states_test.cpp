@@ -3,6 +3,8 @@
 #include "controls/Painting.h"
 #include "windows/ListForm.h"
 
+#include <utility>
+
 namespace {
 
 using Lists = gui::Lists;
@@ -41,6 +43,16 @@ protected:
         });
     }
     McListBox& Tasks() { return m_Shown->Tasks; }
+    // Moves again where a real screen has lost it.
+    bool HoverComesTo(int row) {
+        const POINT at = RowPoint(Tasks(), row);
+        for (int i = 0; i < 5; ++i) {
+            gui::MoveTo({at.x + i, at.y});
+            if (gui::WaitUntil([&] { return On([&] { return Tasks().HoveredRow() == row; }); }, 2'000))
+                return true;
+        }
+        return false;
+    }
     // Compares the whole window with the drawing of that state.
     void ExpectLook(const std::function<void(McListBoxState&)>& set) {
         m_Ui.Run([&] {
@@ -59,13 +71,11 @@ protected:
 
 TEST_F(ListLook, EachStateByRealInputIsTheDrawing) {
     ExpectLook([](McListBoxState&) {});
-    gui::MoveTo(RowPoint(Tasks(), 2));
-    ASSERT_TRUE(Becomes([&] { return Tasks().HoveredRow() == 2; }));
+    ASSERT_TRUE(HoverComesTo(2));
     ExpectLook([](McListBoxState& look) { look.HoveredRow = 2; });
     gui::Click(RowPoint(Tasks(), 1));
     ASSERT_TRUE(Becomes([&] { return Tasks().ListIndex() == 1; }));
-    gui::MoveTo(RowPoint(Tasks(), 3));
-    ASSERT_TRUE(Becomes([&] { return Tasks().HoveredRow() == 3; }));
+    ASSERT_TRUE(HoverComesTo(3));
     ExpectLook([](McListBoxState& look) {
         look.ListIndex = 1;
         look.HoveredRow = 3;
@@ -104,8 +114,7 @@ TEST_F(ListLook, HighContrastUsesTheSystemsColours) {
         Tasks().ListIndex(1);
         Tasks().Base.SetFocus();
     });
-    gui::MoveTo(RowPoint(Tasks(), 2));
-    ASSERT_TRUE(Becomes([&] { return Tasks().HoveredRow() == 2; }));
+    ASSERT_TRUE(HoverComesTo(2));
     SetHighContrast(true);
     m_Ui.Run([&] {
         const gui::Pixels shown = gui::WindowOf(Tasks().Base.hWnd());
@@ -127,15 +136,23 @@ TEST_F(ListLook, HighContrastUsesTheSystemsColours) {
     });
 }
 
+// On a real screen the mouse may be told to be back where it was: more than one change.
 TEST_F(ListLook, HoveringPaintsOnceAndWithoutErasing) {
-    PaintAll();
+    int changes = 0, last = -1;
+    m_Ui.Run([&] {
+        const auto note = [&] { changes += std::exchange(last, Tasks().HoveredRow()) != last; };
+        Tasks().MouseMove = [note](int, int, int, int) { note(); };
+        Tasks().MouseLeave = note;
+    });
     for (int row = 0; row < 5; ++row) {
-        const PaintTally before = On([] { return PaintsSoFar(); });
+        PaintAll();
+        const auto before = On([&] { return std::pair{PaintsSoFar(), changes}; });
         gui::MoveTo(RowPoint(Tasks(), row));
-        ASSERT_TRUE(Becomes([&] { return PaintsSoFar().Paints > before.Paints; }));
-        const PaintTally after = On([] { return PaintsSoFar(); });
-        EXPECT_EQ(after.Paints - before.Paints, 1);
-        EXPECT_EQ(after.Blits - before.Blits, 1);
+        ASSERT_TRUE(Becomes([&] { return last == row && PaintsSoFar().Paints > before.first.Paints; }));
+        PaintAll();
+        const auto after = On([&] { return std::pair{PaintsSoFar(), changes}; });
+        EXPECT_LE(after.first.Paints - before.first.Paints, after.second - before.second);
+        EXPECT_EQ(after.first.Blits - before.first.Blits, after.first.Paints - before.first.Paints);
     }
     // A move inside the row changes nothing.
     const long before = On([] { return PaintsSoFar().Paints; });
