@@ -232,7 +232,7 @@ TEST_F(DestroyedWithin, ACombo) {
 }
 
 TEST_F(DestroyedWithin, ATable) {
-    const auto click = [](HWND window) { gui::Click(gui::ToScreen(window, 20, 40)); };
+    const auto click = [this](HWND window) { gui::Click(gui::ToScreen(window, Px(20), Px(34))); };
     Try(kTable, {{"chosen", Typed(VK_DOWN), WM_NOTIFY, LVN_ITEMCHANGED},
                  {"pressed", click, WM_NOTIFY, LVN_ITEMCHANGED},
                  {"clicked", click, WM_NOTIFY, static_cast<UINT>(NM_CLICK)}});
