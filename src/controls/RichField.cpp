@@ -21,11 +21,22 @@ bool ReadOnly(HWND box) {
     return (GetWindowLongW(box, GWL_STYLE) & ES_READONLY) != 0;
 }
 
-// The clipboard's Unicode text up to its NUL; empty where there is none or another program
-// holds the clipboard.
+// Programs that watch the clipboard hold it for a moment after each copy.
+bool OpenClipboardSoon(HWND owner) {
+    constexpr DWORD kLongest = 500, kPause = 10; // milliseconds
+    const ULONGLONG end = GetTickCount64() + kLongest;
+    while (!OpenClipboard(owner)) {
+        if (GetTickCount64() >= end) return false;
+        Sleep(kPause);
+    }
+    return true;
+}
+
+// The clipboard's Unicode text up to its NUL; empty where there is none or another program does
+// not let the clipboard go.
 std::u16string ClipboardText(HWND owner) {
     std::u16string text;
-    if (!IsClipboardFormatAvailable(CF_UNICODETEXT) || !OpenClipboard(owner)) return text;
+    if (!IsClipboardFormatAvailable(CF_UNICODETEXT) || !OpenClipboardSoon(owner)) return text;
     if (const HANDLE block = GetClipboardData(CF_UNICODETEXT)) {
         if (const auto* units = static_cast<const char16_t*>(GlobalLock(block))) {
             const std::size_t room = GlobalSize(block) / sizeof(char16_t);

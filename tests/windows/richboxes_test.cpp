@@ -101,6 +101,23 @@ TEST_F(Boxes, ShiftInsertAndTheMenusPasteDoTheSame) {
     });
 }
 
+TEST_F(Boxes, PasteWaitsForAProgramThatHoldsTheClipboardForAMoment) {
+    BoxesForm& form = *m_Shown;
+    m_Ui.Run([&] { form.Paste.Base.SetFocus(); });
+    PutOnClipboard(kRtf, u"held");
+    const auto hold = [] { return gui::WaitUntil([] { return OpenClipboard(nullptr) != 0; }); };
+    ASSERT_TRUE(hold());
+    Chord(VK_CONTROL, 'V');
+    Sleep(150);
+    CloseClipboard();
+    EXPECT_TRUE(Becomes([&] { return form.Paste.Text() == u"held"; }));
+    // One that never lets go: nothing is taken, nothing is lost.
+    ASSERT_TRUE(hold());
+    m_Ui.Run([&] { SendMessageW(form.Paste.Base.hWnd(), WM_PASTE, 0, 0); });
+    CloseClipboard();
+    EXPECT_EQ(On([&] { return form.Paste.Text(); }), u"held");
+}
+
 TEST_F(Boxes, RichTextWithoutPlainTextIsNotTaken) {
     BoxesForm& form = *m_Shown;
     m_Ui.Run([&] { form.Paste.Base.SetFocus(); });
