@@ -2,6 +2,11 @@
 // look: ToggleDraw.cpp. Tested by tests/windows/toggle_*_test.cpp.
 #include "controls/Toggle.h"
 
+namespace {
+constexpr UINT_PTR kOverTimer = 1;
+constexpr UINT kOverEvery = 10; // milliseconds
+} // namespace
+
 void Toggle::Value(int value) {
     if (value == m_Value) return;
     m_Value = value;
@@ -67,8 +72,11 @@ bool Toggle::OnInput(UINT message, WPARAM wParam, LPARAM lParam, const std::func
         Hover(at);
         return true;
     case WM_MOUSELEAVE:
-        m_Hovering = false;
-        m_Base.Invalidate();
+        SetHovering(false);
+        return true;
+    case WM_TIMER:
+        if (wParam != kOverTimer) return false;
+        OnOverTimer();
         return true;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
@@ -113,11 +121,28 @@ void Toggle::Hover(POINT at) {
     GetClientRect(m_Base.hWnd(), &client);
     const bool inside = PtInRect(&client, at) != FALSE;
     if (inside == m_Hovering) return;
-    m_Hovering = inside;
-    m_Base.Invalidate();
+    SetHovering(inside);
     if (!inside) return;
     TRACKMOUSEEVENT leaving{sizeof leaving, TME_LEAVE, m_Base.hWnd(), 0};
     TrackMouseEvent(&leaving);
+}
+
+// The system does not always tell that the mouse has left: a window that comes over the
+// toggle is such a case.
+void Toggle::OnOverTimer() {
+    POINT cursor{};
+    if (GetCursorPos(&cursor) && WindowFromPoint(cursor) == m_Base.hWnd()) return;
+    if (GetCapture() != m_Base.hWnd()) SetHovering(false);
+}
+
+void Toggle::SetHovering(bool hovering) {
+    if (hovering == m_Hovering) return;
+    m_Hovering = hovering;
+    if (hovering)
+        SetTimer(m_Base.hWnd(), kOverTimer, kOverEvery, nullptr);
+    else
+        KillTimer(m_Base.hWnd(), kOverTimer);
+    m_Base.Invalidate();
 }
 
 void Toggle::SetHeld(bool mouse, bool space) {
@@ -133,5 +158,5 @@ void Toggle::OnChanged(Change what) {
     const bool enabled = m_Base.EnabledInAll();
     if (!(what == Change::Focus && !m_Base.HasFocus()) && !(what == Change::Enabled && !enabled)) return;
     SetHeld(false, false);
-    if (!enabled) m_Hovering = false;
+    if (!enabled) SetHovering(false);
 }

@@ -59,6 +59,8 @@ public:
 private:
     bool OnInput(UINT message, WPARAM wParam, LPARAM lParam, const std::function<void()>& press);
     void Hover(POINT at);
+    void OnOverTimer();
+    void SetHovering(bool hovering);
     void SetHeld(bool mouse, bool space);
     // Held down, and for the mouse: still over the control.
     bool Pressed() const { return m_SpaceHeld || (m_MouseHeld && m_Hovering); }

@@ -341,4 +341,29 @@ TEST_F(ToggleStates, PaintsOnceForEachChangeAndNeverOnErase) {
     EXPECT_EQ(after.Blits - before.Blits, 1);
 }
 
+// No move of the mouse and no message of the system tells of it.
+TEST_F(ToggleStates, AWindowThatComesOverItEndsTheHover) {
+    const auto hovers = [&](const Control& control, const auto& state, bool wanted) {
+        return Becomes([&] { return state().Hovering == wanted; }) &&
+               (Said(control).State & STATE_SYSTEM_HOTTRACKED) == (wanted ? STATE_SYSTEM_HOTTRACKED : 0);
+    };
+    const auto ends = [&](const Control& control, const auto& state) {
+        gui::MoveTo(gui::CentreOf(control.hWnd()));
+        ASSERT_TRUE(hovers(control, state, true));
+        HWND cover = nullptr;
+        m_Ui.Run([&] {
+            RECT place{};
+            GetWindowRect(control.hWnd(), &place);
+            cover = gui::MakeWindow(nullptr, place);
+            SetWindowPos(cover, HWND_TOPMOST, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+        });
+        EXPECT_TRUE(hovers(control, state, false));
+        m_Ui.Run([&] { DestroyWindow(cover); });
+        gui::MoveTo(gui::ToScreen(control.hWnd(), 3, 3));
+        EXPECT_TRUE(hovers(control, state, true));
+    };
+    ends(m_Shown->Ready->Base, [&] { return m_Shown->Ready->State(); });
+    ends(m_Shown->Alone->Base, [&] { return m_Shown->Alone->State(); });
+}
+
 } // namespace
