@@ -63,6 +63,16 @@ const char* TypeName(int type) {
     }
 }
 
+// The system makes some objects once and keeps them: brushes of its colours, and as many contexts,
+// each with a bitmap and a region, as were ever in use at once. When that is depends on the
+// moment, so all are made before anything is counted.
+void MakeWhatTheSystemKeeps() {
+    for (int colour = COLOR_SCROLLBAR; colour <= COLOR_MENUBAR; ++colour) GetSysColorBrush(colour);
+    std::vector<HDC> contexts(64);
+    for (HDC& context : contexts) context = GetDC(nullptr);
+    for (const HDC context : contexts) ReleaseDC(nullptr, context);
+}
+
 } // namespace
 
 std::map<std::string, int> GdiObjects() {
@@ -124,6 +134,7 @@ std::ostream& operator<<(std::ostream& out, const Held& held) {
 Held LeftBy(int lives, const std::function<void()>& live) {
     constexpr int kFirst = 20;
     for (int i = 0; i < kFirst; ++i) live();
+    MakeWhatTheSystemKeeps();
     const std::map<std::string, int> objects = GdiObjects();
     const int windows = Windows();
     const long long bytes = HeapBytes();

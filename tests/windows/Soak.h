@@ -79,23 +79,13 @@ inline int LivesOf(const Soaked& kind) {
     return wanted ? std::atoi(wanted) : kind.Lives;
 }
 
-// What a life leaves behind comes again with further lives. What the system makes once and keeps does not:
-// the brush of one of its colours, say, when that is first asked for. So growth is looked at a second time,
-// and told. (36 objects were seen once, by 40 forms; of which type is not known.)
-inline Held LeftAgainBy(int lives, const std::function<void()>& live) {
-    const Held left = LeftBy(lives, live);
-    if (left.Objects == 0 && left.Windows == 0) return left;
-    std::cout << "grown by " << left << "; once more" << std::endl;
-    return LeftBy(lives, live);
-}
-
 class Soak : public OnStandingForm, public testing::WithParamInterface<Soaked> {
 protected:
     void LiveAll() {
         const Soaked& kind = GetParam();
         const int wanted = LivesOf(kind);
         int lives = 0, told = 0;
-        const Held left = LeftAgainBy(wanted, [&] {
+        const Held left = LeftBy(wanted, [&] {
             ++lives;
             kind.Live(m_Form, told);
         });

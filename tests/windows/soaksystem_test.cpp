@@ -176,7 +176,7 @@ void LiveAsForm() {
 class SoakForms : public gui::OnStandingForm {};
 TEST_F(SoakForms, NothingStays) {
     constexpr int kLives = 40, kSounds = 2, kAsked = 9;
-    gui::ExpectNothing(gui::LeftAgainBy(kLives, LiveAsForm), m_Form, kSounds, kAsked);
+    gui::ExpectNothing(gui::LeftBy(kLives, LiveAsForm), m_Form, kSounds, kAsked);
 }
 
 // The counts are worth something: of a thousand lives fifty leave something behind.
@@ -198,6 +198,19 @@ TEST_F(Leaks, FiftyBrushesAreSeen) {
     EXPECT_EQ(left.Objects, 50);
     EXPECT_EQ(left.Windows, 0);
     for (const HGDIOBJ object : lost) DeleteObject(object);
+}
+
+// Contexts that were in use at once stay in the system's store, and the brush of a colour that was asked for.
+TEST_F(Leaks, WhatTheSystemKeepsIsNone) {
+    int times = 0;
+    const gui::Held left = LeftByFiftyOf([&] {
+        if (times++ == 0) return; // before anything is counted
+        std::vector<HDC> contexts(20);
+        for (HDC& context : contexts) context = GetDC(nullptr);
+        for (const HDC context : contexts) ReleaseDC(nullptr, context);
+        GetSysColorBrush(COLOR_INFOBK);
+    });
+    EXPECT_EQ(left.Objects, 0) << left;
 }
 
 TEST_F(Leaks, FiftyWindowsAreSeen) {
