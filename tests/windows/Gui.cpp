@@ -142,9 +142,13 @@ HWND MakeWindow(HWND parent, RECT place, WNDPROC procedure, const wchar_t* capti
 }
 
 bool Activate(HWND top) {
-    return WaitUntil([top] {
+    constexpr ULONGLONG kPatience = 500; // milliseconds before it is asked for again
+    ULONGLONG again = 0;
+    return WaitUntil([&] {
         if (GetForegroundWindow() == top) return true;
+        if (GetTickCount64() < again) return false;
         SetForegroundWindow(top);
+        again = GetTickCount64() + kPatience;
         return false;
     });
 }
