@@ -1,7 +1,7 @@
 // The rows, their look, and what screen readers are told. Mouse, keys and scrolling:
 // CheckListInput.cpp.
 //
-// Tested by tests/windows/checklist_test.cpp.
+// Tested by tests/windows/checklist_test.cpp and checklist_look_test.cpp.
 #include "controls/CheckList.h"
 
 #include "controls/Dpi.h"

@@ -1,6 +1,6 @@
 // Mouse, keys, wheel and scroll bar of the list.
 //
-// Tested by tests/windows/checklist_test.cpp and checklist_press_test.cpp.
+// Tested by tests/windows/checklist_input_test.cpp and checklist_press_test.cpp.
 #include "controls/CheckList.h"
 #include "controls/Events.h"
 #include "controls/ListBorder.h"

@@ -1,6 +1,6 @@
 // The system's own measures of a combo box are asked for and answered to, not worked out.
 //
-// Tested by tests/windows/combobox_test.cpp and fontcombo_test.cpp.
+// Tested by tests/windows/combobox_test.cpp and fontcombo_look_test.cpp.
 #include "controls/ComboField.h"
 
 #include "controls/Dpi.h"

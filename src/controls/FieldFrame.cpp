@@ -1,7 +1,7 @@
 // The border is outside the client area: the system keeps text and scroll bar inside by itself, and never
 // draws over it.
 //
-// Tested by tests/windows/fields_test.cpp and richboxes_test.cpp.
+// Tested by tests/windows/fields_look_test.cpp and richboxes_look_test.cpp.
 #include "controls/FieldFrame.h"
 
 #include "controls/Dpi.h"

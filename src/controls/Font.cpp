@@ -1,6 +1,6 @@
 // The faces of the design give way to one that every system has, in sizes that look alike.
 //
-// Tested by tests/windows/fields_test.cpp and dpi_test.cpp.
+// Tested by tests/windows/fields_look_test.cpp and dpi_test.cpp.
 #include "controls/Font.h"
 
 #include "base/RuntimeFailure.h"

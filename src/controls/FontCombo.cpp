@@ -1,7 +1,7 @@
 // The system's combo box with an edit window inside, which is subclassed for keys and the place of the text.
 // A font of the list is made when its entry is drawn for the first time.
 //
-// Tested by tests/windows/fontcombo_test.cpp.
+// Tested by tests/windows/fontcombo_test.cpp, fontcombo_choice_test.cpp and fontcombo_look_test.cpp.
 #include "controls/FontCombo.h"
 
 #include "controls/ComboField.h"

@@ -1,6 +1,6 @@
 // Its place is widened to a hair line at each DPI; the twips stay as they were told.
 //
-// Tested by tests/windows/fields_test.cpp.
+// Tested by tests/windows/fields_look_test.cpp.
 #include "controls/Line.h"
 
 #include "controls/Painting.h"

@@ -1,6 +1,6 @@
 // The border is outside the client area, so that scrolled rows never touch it.
 //
-// Tested by tests/windows/mclistbox_look_test.cpp, checklist_test.cpp and twocolumnlist_test.cpp.
+// Tested by tests/windows/mclistbox_look_test.cpp, checklist_look_test.cpp and twocolumnlist_test.cpp.
 #include "controls/ListBorder.h"
 
 #include "controls/Dpi.h"

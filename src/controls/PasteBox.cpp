@@ -1,6 +1,6 @@
 // A rich edit; what it shares with the result box is in RichField.cpp.
 //
-// Tested by tests/windows/richboxes_test.cpp.
+// Tested by tests/windows/richboxes_test.cpp and richboxes_paste_test.cpp.
 #include "controls/PasteBox.h"
 
 #include "controls/RichField.h"

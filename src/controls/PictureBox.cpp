@@ -1,6 +1,6 @@
 // Paints ground, picture and then what its form adds, in one blit.
 //
-// Tested by tests/windows/picture_test.cpp and fields_test.cpp.
+// Tested by tests/windows/picture_test.cpp and fields_spoken_test.cpp.
 #include "controls/PictureBox.h"
 
 #include "controls/Painting.h"

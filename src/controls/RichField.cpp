@@ -1,7 +1,7 @@
 // Plain text is enforced twice: by the text mode, and by reading the clipboard here, since
 // rich edits differ in what their own paste takes in that mode.
 //
-// Tested by tests/windows/richboxes_test.cpp.
+// Tested by tests/windows/richboxes_test.cpp, richboxes_paste_test.cpp and richboxes_look_test.cpp.
 #include "controls/RichField.h"
 
 #include "controls/FieldFrame.h"

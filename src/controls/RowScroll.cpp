@@ -1,7 +1,7 @@
 // As the system's own lists do: a notch of the wheel is the number of lines that the user has set, a page at
 // most.
 //
-// Tested by tests/windows/mclistbox_scroll_test.cpp and checklist_test.cpp.
+// Tested by tests/windows/mclistbox_scroll_test.cpp and checklist_input_test.cpp.
 #include "controls/RowScroll.h"
 
 #include <algorithm>

@@ -1,6 +1,6 @@
 // The system's edit box of one line.
 //
-// Tested by tests/windows/fields_test.cpp.
+// Tested by tests/windows/fields_test.cpp, fields_look_test.cpp and fields_spoken_test.cpp.
 #include "controls/TextBox.h"
 
 #include "controls/Events.h"

@@ -1,6 +1,6 @@
 // What was typed is forgotten after a second without a key.
 //
-// Tested by tests/windows/mclistbox_input_test.cpp and checklist_test.cpp.
+// Tested by tests/windows/mclistbox_input_test.cpp and checklist_input_test.cpp.
 #include "controls/TypedSearch.h"
 
 #include <algorithm>
