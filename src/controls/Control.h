@@ -165,6 +165,7 @@ public:
 private:
     friend class Form;
     friend class StillThere;
+    friend class SystemCall;
     friend class ControlAccessible;
 
     void Create(Form& form, Control* container, const LayoutRow& row);

@@ -105,7 +105,7 @@ void Control::DestroyWindowNow() {
 
 LRESULT Control::DefaultProcedure(UINT message, WPARAM wParam, LPARAM lParam) {
     if (!m_SystemProcedure) return DefWindowProcW(m_hWnd, message, wParam, lParam);
-    const SystemCall call(m_hWnd, m_SystemProcedure);
+    const SystemCall call(*this);
     return CallWindowProcW(m_SystemProcedure, m_hWnd, message, wParam, lParam);
 }
 

@@ -5,6 +5,7 @@
 
 #include "controls/ComboField.h"
 #include "controls/MSubclass.h"
+#include "controls/SystemCall.h"
 
 namespace {
 
@@ -113,6 +114,7 @@ LRESULT DroppedList::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lPar
         iMsg == kDefaultAction ? DroppedRows::DoDefault(this, child) : DroppedRows::Select(this, child);
         return 0;
     }
+    const SystemCall call(*m_Combo);
     const LRESULT result = MSubclass::CallOldWindowProc(hWnd, iMsg, wParam, lParam);
     if (here && m_Combo->hWnd()) TellRow();
     return result;

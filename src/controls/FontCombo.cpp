@@ -10,6 +10,7 @@
 #include "controls/FieldFrame.h"
 #include "controls/MSubclass.h"
 #include "controls/Painting.h"
+#include "controls/SystemCall.h"
 
 #include <algorithm>
 #include <utility>
@@ -279,6 +280,7 @@ LRESULT FontCombo::WindowProc(HWND hWnd, UINT iMsg, WPARAM wParam, LPARAM lParam
     default:
         break;
     }
+    const SystemCall call(Base);
     return MSubclass::CallOldWindowProc(hWnd, iMsg, wParam, lParam);
 }
 

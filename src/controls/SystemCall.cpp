@@ -1,6 +1,8 @@
 // Tested by tests/windows/destroyed_within_test.cpp.
 #include "controls/SystemCall.h"
 
+#include "controls/Control.h"
+
 #include <unordered_map>
 
 namespace {
@@ -23,8 +25,8 @@ bool IsInput(UINT message) {
 
 } // namespace
 
-SystemCall::SystemCall(HWND window, WNDPROC procedure)
-    : m_Window(window), m_Procedure(procedure), m_Outer(g_Innermost) {
+SystemCall::SystemCall(const Control& control)
+    : m_Window(control.m_hWnd), m_Procedure(control.m_SystemProcedure), m_Outer(g_Innermost) {
     g_Innermost = this;
 }
 

@@ -5,10 +5,13 @@
 
 #include "base/win.h"
 
+class Control;
+
 class SystemCall {
 public:
-    // Lives as long as the procedure runs.
-    SystemCall(HWND window, WNDPROC procedure);
+    // Lives as long as the procedure runs, or that of a window inside the control: the text of a
+    // combo and its list act on the combo without a message.
+    explicit SystemCall(const Control& control);
     ~SystemCall();
     SystemCall(const SystemCall&) = delete;
     SystemCall& operator=(const SystemCall&) = delete;

@@ -228,7 +228,39 @@ TEST_F(DestroyedWithin, ACombo) {
                   {"dropped", Typed(VK_F4), WM_COMMAND, CBN_DROPDOWN}});
     Try(kFaces, {{"typed", Typed('X'), WM_COMMAND, CBN_EDITCHANGE},
                  {"chosen", Typed(VK_DOWN), WM_COMMAND, CBN_SELCHANGE},
-                 {"dropped", Sent(CB_SHOWDROPDOWN, TRUE), WM_COMMAND, CBN_DROPDOWN}});
+                 {"dropped", Sent(CB_SHOWDROPDOWN, TRUE), WM_COMMAND, CBN_DROPDOWN},
+                 {"dropped by its text", Typed(VK_F4), WM_COMMAND, CBN_DROPDOWN}});
+}
+
+TEST_F(DestroyedWithin, AComboWhoseListIsOpen) {
+    const auto open = [this](std::function<void(HWND)> then) {
+        return [=, this](HWND window) {
+            m_Ui.Run([=] { SendMessageW(window, CB_SHOWDROPDOWN, TRUE, 0); });
+            then(window);
+        };
+    };
+    const auto clickRow = [](HWND window) {
+        COMBOBOXINFO parts{};
+        parts.cbSize = sizeof parts;
+        GetComboBoxInfo(window, &parts);
+        gui::Click(gui::ToScreen(parts.hwndList, 20, 5));
+    };
+    const auto clickBeside = [this](HWND) {
+        gui::Click(gui::ToScreen(m_Shown->Box.Base.hWnd(), Px(400), Px(270)));
+    };
+    const auto pressEnter = [](HWND) {
+        gui::Type(VK_DOWN);
+        gui::Type(VK_RETURN);
+    };
+    for (const Kind& kind : {kChoice, kFaces}) {
+        Try(kind, {{"closed by F4", open(Typed(VK_F4)), WM_COMMAND, CBN_CLOSEUP},
+                   {"given up by Esc", open(Typed(VK_ESCAPE)), WM_COMMAND, CBN_CLOSEUP},
+                   {"chosen by Enter", open(pressEnter), WM_COMMAND, CBN_SELENDOK},
+                   {"closed by Enter", open(pressEnter), WM_COMMAND, CBN_CLOSEUP},
+                   {"clicked", open(clickRow), WM_COMMAND, CBN_SELCHANGE},
+                   {"closed by a click", open(clickRow), WM_COMMAND, CBN_CLOSEUP},
+                   {"clicked beside", open(clickBeside), WM_COMMAND, CBN_CLOSEUP}});
+    }
 }
 
 TEST_F(DestroyedWithin, ATable) {
