@@ -194,6 +194,9 @@ Placed PlacePair(HDC dc, const RECT& place, std::u16string_view caption, const T
     Placed placed;
     placed.Image = box(picture, imageFirst ? 0 : textLength + gap);
     placed.Text = box(text, imageFirst ? imageLength + gap : 0);
+    // Drawn as wide as it was measured: in less, a line that just fits might break elsewhere.
+    placed.Text.left -= (most - text.cx) / 2;
+    placed.Text.right = placed.Text.left + most;
     if (state.Pressed && state.Enabled) {
         const int shift = Scaled(1, state.Dpi);
         OffsetRect(&placed.Image, shift, shift);

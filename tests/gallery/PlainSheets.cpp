@@ -36,7 +36,7 @@ void DrawBars(const Paper& paper) {
     bar(288, 34, {.Value = 43, .Style = 2, .Appearance = 0});
     bar(288, 60, {.Value = 43, .ShowText = true, .Style = 1, .Appearance = 0});
     bar(288, 86, {.Max = 0, .Value = 0, .ShowText = true, .Style = 2, .Appearance = 0});
-    paper.Caption(288, 318, u"live");
+    paper.Caption(12, 326, u"live");
 }
 
 void DrawLabels(const Paper& paper) {
@@ -97,8 +97,8 @@ Sheet ProgressBars() {
     return {.Name = u"progress",
             .Shows = {&AdvProgressBar::kKind},
             .Layout =
-                SheetLayout(420, 370) +
-                Row(u"Live", u"AdvProgressBar", 12, 338, 394, 18, u"",
+                SheetLayout(420, 378) +
+                Row(u"Live", u"AdvProgressBar", 12, 348, 394, 18, u"",
                     u"Max=300; Value=200; ShowText=yes; Style=2; Appearance=0; TextColor=Ink; "
                     u"BarColor1=Bar1; BarColor2=Bar2; BackColor=Track; Font=Bar; AccessibleName=Progress"),
             .Draw = DrawBars};
@@ -145,7 +145,7 @@ Sheet Surfaces() {
             Row(u"Warn", u"picture", 60, 144, 16, 16, u"", u"Picture=warn; AccessibleName=Warning") +
             Row(u"WarnOff", u"picture", 90, 144, 16, 16, u"",
                 u"Picture=warn; Enabled=no; AccessibleName=Off") +
-            Row(u"Framed", u"picture", 120, 144, 40, 40, u"",
+            Row(u"Framed", u"picture", 120, 144, 38, 38, u"",
                 u"Picture=badge; BackColor=Card; BorderColor=Line") +
             Row(u"Welcome", u"picture", 12, 200, 160, 40, u"", u"Picture=welcome-160x40") +
             Row(u"Strip", u"picture", 12, 256, 220, 12, u"", u"Picture=strip-260x12") +

@@ -1,4 +1,5 @@
 // Where TavrelButton draws its caption and its picture, pixel by pixel.
+#include "base/Text.h"
 #include "controls/Painting.h"
 #include "windows/ButtonLooks.h"
 
@@ -100,6 +101,30 @@ TEST(ButtonCaption, CaptionsBreakAtWords) {
     const gui::Pixels wide = Draw(line.cx + 20, 60, state), narrow = Draw(line.cx, 60, state);
     EXPECT_EQ(HeightOf(BoxOf(wide, kRed)), HeightOf(one));
     EXPECT_EQ(HeightOf(BoxOf(narrow, kRed)), HeightOf(one) + line.cy);
+}
+
+// Where a line just fits, measuring and drawing could break it at different words.
+TEST(ButtonCaption, ABrokenCaptionIsDrawnWhole) {
+    const auto rowsOfInk = [](const gui::Pixels& drawn) {
+        std::vector<int> rows;
+        for (int y = 0; y < drawn.Height; ++y) {
+            if (drawn.Count(RGB(255, 255, 255), {0, y, drawn.Width, y + 1}) < drawn.Width) rows.push_back(y);
+        }
+        return rows;
+    };
+    TavrelButtonState state = FlatOn(RGB(255, 255, 255));
+    for (const char16_t* face : {u"Tahoma", u"Liberation Sans", u"Liberation Serif", u"Open Sans"}) {
+        for (int points = 8; points <= 24; ++points) {
+            const FontHandle font({face, static_cast<double>(points), false, false}, 96);
+            const SIZE whole = TextSize(font.Get(), u"Open the Database");
+            const int width = whole.cx + 5, height = 3 * whole.cy;
+            state.Font = font.Get();
+            state.Caption = u"Open the Database";
+            const std::vector<int> broken = rowsOfInk(Draw(width, height, state));
+            state.Caption = u"Open the\r\nDatabase";
+            EXPECT_EQ(broken, rowsOfInk(Draw(width, height, state))) << points << " " << text::ToUtf8(face);
+        }
+    }
 }
 
 TEST(ButtonCaption, NothingIsDrawnOutsideItsPlace) {
