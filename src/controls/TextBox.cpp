@@ -91,13 +91,18 @@ bool TextBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& res
             Raise(Change);
         }
         return true;
+    case WM_CHAR:
+        // Of Enter and Esc that press no button: the system beeps at them.
+        if (wParam == VK_RETURN || wParam == VK_ESCAPE) return true;
+        break;
     case kReflected + WM_CTLCOLOREDIT:
     case kReflected + WM_CTLCOLORSTATIC:
         result = FieldFrame::Colours(reinterpret_cast<HDC>(wParam), Base.EnabledInAll());
         return true;
     default:
-        return FieldFrame::Message(Base, true, message, wParam, lParam, result);
+        break;
     }
+    return FieldFrame::Message(Base, true, message, wParam, lParam, result);
 }
 
 void TextBox::OnChanged(::Change what) {

@@ -59,6 +59,37 @@ TEST_F(Fields, TheCaretStaysWhereItWas) {
     });
 }
 
+// The characters that come to the system's procedure in the boxes made from now on.
+std::u16string g_Reached;
+WNDPROC g_System = nullptr;
+LRESULT CALLBACK NoteCharacters(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+    if (message == WM_CHAR) g_Reached += static_cast<char16_t>(wParam);
+    return CallWindowProcW(g_System, window, message, wParam, lParam);
+}
+
+// The system answers both with a beep, in a form where they press no button.
+TEST_F(Fields, EnterAndEscInABoxAreNotTheSystems) {
+    const auto put = [this](WNDPROC procedure) {
+        return On([&] {
+            return reinterpret_cast<WNDPROC>(SetClassLongPtrW(m_Shown->Suffix.Base.hWnd(), GCLP_WNDPROC,
+                                                              reinterpret_cast<LONG_PTR>(procedure)));
+        });
+    };
+    g_System = put(NoteCharacters);
+    m_Ui.Run([&] {
+        m_Shown.reset();
+        m_Shown = std::make_unique<gui::FieldsForm>();
+        m_Shown->Suffix.Base.SetFocus();
+        g_Reached.clear();
+    });
+    EXPECT_TRUE(gui::Activate(m_Shown->Window.Base.hWnd()));
+    for (const int key : {VK_RETURN, VK_ESCAPE, int{'A'}}) gui::Type(static_cast<WORD>(key));
+    EXPECT_TRUE(Becomes([&] { return !g_Reached.empty() && g_Reached.back() == u'a'; }));
+    EXPECT_EQ(g_Reached, u"a");
+    EXPECT_EQ(On([&] { return m_Shown->Suffix.Text(); }), u"a- Unicode");
+    put(g_System);
+}
+
 TEST_F(Fields, ALongTextIsTakenWhole) {
     gui::FieldsForm& form = *m_Shown;
     const std::u16string text(100'000, u'\x0995');
