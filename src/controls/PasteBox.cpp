@@ -5,23 +5,7 @@
 
 #include "controls/RichField.h"
 
-namespace {
-constexpr AccessibleTable kAccessible = RichField::Accessible<PasteBox>();
-} // namespace
-
-const ControlKind PasteBox::kKind{
-    .TypeName = u"PasteBox",
-    .LayoutKinds = u"richtext",
-    .WindowClass = RichField::kWindowClass,
-    .Style = RichField::kStyle,
-    .Focusable = true,
-    .TakesLabel = true,
-    .Created = Entry<&PasteBox::OnCreated>::Call,
-    .Message = Entry<&PasteBox::OnMessage>::Call,
-    .Changed = Entry<&PasteBox::OnChanged>::Call,
-    .WantsKey = Entry<&PasteBox::OnWantsKey>::Call,
-    .Accessible = &kAccessible,
-};
+const ControlKind PasteBox::kKind{RichField::Kind<PasteBox>(u"PasteBox", u"richtext")};
 
 PasteBox::PasteBox() : Base(this, kKind) {
     RichField::LoadClass();
@@ -43,20 +27,4 @@ void PasteBox::Locked(bool locked) {
     if (locked == Locked()) return;
     SendMessageW(Base.hWnd(), EM_SETREADONLY, locked, 0);
     Base.Notify(EVENT_OBJECT_STATECHANGE);
-}
-
-void PasteBox::OnCreated() {
-    RichField::Created(Base);
-}
-
-bool PasteBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    return RichField::Message(Base, message, wParam, lParam, result);
-}
-
-void PasteBox::OnChanged(Change what) {
-    RichField::Changed(Base, what);
-}
-
-bool PasteBox::OnWantsKey(WPARAM key) {
-    return key == VK_RETURN;
 }

@@ -15,10 +15,4 @@ public:
     // Locked text can be selected and copied, but neither typed nor pasted; code still sets it.
     bool Locked() const;
     void Locked(bool locked);
-
-private:
-    void OnCreated();
-    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    void OnChanged(Change what);
-    bool OnWantsKey(WPARAM key);
 };

@@ -5,23 +5,7 @@
 
 #include "controls/RichField.h"
 
-namespace {
-constexpr AccessibleTable kAccessible = RichField::Accessible<ResultBox>();
-} // namespace
-
-const ControlKind ResultBox::kKind{
-    .TypeName = u"ResultBox",
-    .LayoutKinds = u"unitext",
-    .WindowClass = RichField::kWindowClass,
-    .Style = RichField::kStyle,
-    .Focusable = true,
-    .TakesLabel = true,
-    .Created = Entry<&ResultBox::OnCreated>::Call,
-    .Message = Entry<&ResultBox::OnMessage>::Call,
-    .Changed = Entry<&ResultBox::OnChanged>::Call,
-    .WantsKey = Entry<&ResultBox::OnWantsKey>::Call,
-    .Accessible = &kAccessible,
-};
+const ControlKind ResultBox::kKind{RichField::Kind<ResultBox>(u"ResultBox", u"unitext")};
 
 ResultBox::ResultBox() : Base(this, kKind) {
     RichField::LoadClass();
@@ -33,20 +17,4 @@ std::u16string ResultBox::Text() const {
 
 void ResultBox::Text(const std::u16string& text) {
     RichField::Text(Base, text);
-}
-
-void ResultBox::OnCreated() {
-    RichField::Created(Base);
-}
-
-bool ResultBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
-    return RichField::Message(Base, message, wParam, lParam, result);
-}
-
-void ResultBox::OnChanged(Change what) {
-    RichField::Changed(Base, what);
-}
-
-bool ResultBox::OnWantsKey(WPARAM key) {
-    return key == VK_RETURN;
 }

@@ -12,10 +12,4 @@ public:
     // Line ends are CR LF; what is set may have any, and ends at a NUL.
     std::u16string Text() const;
     void Text(const std::u16string& text);
-
-private:
-    void OnCreated();
-    bool OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result);
-    void OnChanged(Change what);
-    bool OnWantsKey(WPARAM key);
 };
