@@ -1,5 +1,6 @@
 // The list view keeps the rows, scrolls and answers its messages; nothing of its look is
-// left: see TwoColumnListPaint.cpp. The header is told in TwoColumnListHeader.cpp.
+// left: see TwoColumnListPaint.cpp. The header is told in TwoColumnListHeader.cpp, the tip of a
+// cut cell in TwoColumnListTip.cpp.
 //
 // Tested by tests/windows/twocolumnlist_test.cpp and twocolumnlist_paint_test.cpp.
 #include "controls/TwoColumnList.h"
@@ -215,6 +216,12 @@ void TwoColumnList::HideSelection(bool hide) {
 
 bool TwoColumnList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESULT& result) {
     switch (message) {
+    case WM_MOUSEMOVE:
+        ShowCellTip();
+        return false;
+    case WM_DESTROY:
+        m_Tip.reset();
+        return false;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
     case WM_RBUTTONDOWN: {
@@ -233,6 +240,7 @@ bool TwoColumnList::OnMessage(UINT message, WPARAM wParam, LPARAM lParam, LRESUL
             m_MarkedTop = marked;
             Base.Invalidate();
         }
+        DropStaleTip();
         return true;
     case WM_PRINTCLIENT: {
         RECT client;

@@ -5,8 +5,10 @@
 #include "controls/Control.h"
 #include "controls/Events.h"
 #include "controls/ISubclass.h"
+#include "controls/cToolTip.h"
 
 #include <functional>
+#include <memory>
 
 // Rows and columns are 0-based; those that do not exist give an empty text and change nothing.
 class TwoColumnList final : public ISubclass {
@@ -68,6 +70,16 @@ private:
     void PaintRows(HDC dc, const RECT& client) const;
     void PaintHeader(HDC dc, const RECT& client) const;
 
+    // TwoColumnListTip.cpp: a cut cell under the mouse tells its whole text.
+    struct Cell {
+        int Row = -1, Column = 0;
+        std::u16string Text;
+        bool operator==(const Cell&) const = default;
+    };
+    Cell CutUnderMouse() const; // without a row where there is none
+    void ShowCellTip();
+    void DropStaleTip();
+
     // TwoColumnListHeader.cpp
     void TakeHeader();
 
@@ -77,6 +89,8 @@ private:
     int m_MarkedTop = -1; // as painted last
     std::u16string m_Heads[kColumns];
     AccessiblePart m_HeaderAccessible;
+    Cell m_TipCell;
+    std::unique_ptr<cToolTip> m_Tip;
 };
 
 // The look of a row and of the header, for the gallery too.
@@ -92,3 +106,5 @@ struct TableRowState {
     int Dpi = 96;
 };
 void DrawTableRow(HDC dc, const RECT& place, const TableRowState& state);
+// Whether a text is drawn whole in a cell, whose width is in pixels.
+bool TableTextFits(std::u16string_view text, int width, HFONT font, int dpi);

@@ -112,3 +112,9 @@ void DrawTableRow(HDC dc, const RECT& place, const TableRowState& state) {
     }
     if (state.Marked && state.Enabled) MarkFocus(dc, place, ink, hair);
 }
+
+bool TableTextFits(std::u16string_view text, int width, HFONT font, int dpi) {
+    constexpr std::size_t kNeverFits = 1024; // units
+    return text.size() <= kNeverFits &&
+           TextSize(font, text).cx <= width - Scaled(kTextLeft, dpi) - HairLine(dpi);
+}
