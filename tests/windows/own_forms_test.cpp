@@ -11,8 +11,11 @@
 #include "controls/OptionButtonC.h"
 #include "controls/Painting.h"
 #include "controls/PictureBox.h"
+#include "controls/Theme.h"
 #include "gallery/LayoutForm.h"
+#include "gallery/Sheet.h"
 #include "windows/Gui.h"
+#include "windows/Pixels.h"
 #include "windows/Spoken.h"
 
 #include <gtest/gtest.h>
@@ -215,6 +218,47 @@ protected:
         for (const auto& [tab, name] : order) names.push_back(name);
         return names;
     }
+    // The control as it is drawn now, without a caret.
+    gui::Pixels Look(std::u16string_view name) {
+        gui::Pixels look;
+        m_Ui.Run([&] { look = gui::WindowOf(Shown().Find(name)->hWnd()); });
+        return look;
+    }
+    // 0 to 765; black and white are farthest.
+    static int Distance(COLORREF one, COLORREF other) {
+        return std::abs(GetRValue(one) - GetRValue(other)) + std::abs(GetGValue(one) - GetGValue(other)) +
+               std::abs(GetBValue(one) - GetBValue(other));
+    }
+    // Each stop looks clearly otherwise while it has the focus: a dotted line or a frame at least.
+    void ExpectSigns(const std::string& pane) {
+        const std::vector<std::u16string> stops = Expected();
+        if (stops.size() < 2) return;
+        m_Ui.Run([&] { Shown().Find(stops.back())->SetFocus(); });
+        for (std::size_t i = 0; i < stops.size(); ++i) {
+            const gui::Pixels before = Look(stops[i]);
+            gui::Type(VK_TAB);
+            ASSERT_TRUE(gui::WaitUntil([&] { return Focused() == stops[i]; }, 3000)) << pane;
+            m_Ui.Settle();
+            const gui::Pixels after = Look(stops[i]);
+            int differing = 0;
+            for (int y = 0; y < after.Height; ++y) {
+                for (int x = 0; x < after.Width; ++x)
+                    differing += Distance(after.At(x, y), before.At(x, y)) >= 120;
+            }
+            const int around = after.Width + after.Height; // half of them, where each second is a dot
+            EXPECT_GT(differing, around / 4) << pane << ": " << text::ToUtf8(stops[i]);
+        }
+    }
+    void EachPane(const std::function<void(const std::string& pane)>& job) {
+        m_Ui.Run([&] { Shown().Show(); });
+        ASSERT_TRUE(gui::Activate(Shown().Base.hWnd()));
+        job("as it comes");
+        for (Control* pane : Shown().Controls()) {
+            if (!pane->Kind().Container) continue;
+            m_Ui.Run([&] { pane->ZOrder(); });
+            job(Told(*pane));
+        }
+    }
     void ExpectTabs(const std::string& pane) {
         const std::vector<std::u16string> expected = Expected();
         if (expected.empty()) return;
@@ -228,14 +272,42 @@ protected:
 };
 
 TEST_P(OwnFormsKeys, TabGoesByTheLayoutsNumbers) {
-    m_Ui.Run([&] { Shown().Show(); });
-    ASSERT_TRUE(gui::Activate(Shown().Base.hWnd()));
-    ExpectTabs("as it comes");
-    for (Control* pane : Shown().Controls()) {
-        if (!pane->Kind().Container) continue;
-        m_Ui.Run([&] { pane->ZOrder(); });
-        ExpectTabs(Told(*pane));
-    }
+    EachPane([this](const std::string& pane) { ExpectTabs(pane); });
+}
+
+TEST_P(OwnFormsKeys, ArrowsReachEveryOption) {
+    EachPane([this](const std::string& pane) {
+        std::vector<std::u16string> options;
+        m_Ui.Run([&] {
+            for (const Control* control : Shown().Controls()) {
+                if (control->As<OptionButtonC>() && control->Usable()) options.push_back(control->FullName());
+            }
+            if (!options.empty()) Shown().Find(options.front())->SetFocus();
+        });
+        for (const std::u16string& name : options) {
+            EXPECT_TRUE(gui::WaitUntil([&] { return Focused() == name; }, 3000))
+                << pane << ": " << text::ToUtf8(name) << ", not " << text::ToUtf8(Focused());
+            gui::Type(VK_DOWN);
+        }
+    });
+}
+
+TEST_P(OwnFormsKeys, EveryStopShowsTheFocus) {
+    EachPane([this](const std::string& pane) { ExpectSigns(pane); });
+}
+
+TEST_P(OwnFormsKeys, EveryStopShowsTheFocusUnderHighContrast) {
+    const auto use = [this](bool on) {
+        m_Ui.Run([&] {
+            Theme::ReplaceHighContrast(on ? [] { return true; } : [] { return false; });
+            gallery::UseContrastTheme(on);
+            SendMessageW(Shown().Base.hWnd(), WM_SYSCOLORCHANGE, 0, 0);
+            SendMessageW(Shown().Base.hWnd(), WM_SETTINGCHANGE, SPI_SETHIGHCONTRAST, 0);
+        });
+    };
+    use(true);
+    EachPane([this](const std::string& pane) { ExpectSigns(pane); });
+    use(false);
 }
 
 constexpr const char16_t* kForms[] = {u"frmMain",  u"frm2nd",     u"frmFirstSetting", u"frmOption",
