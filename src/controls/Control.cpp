@@ -18,7 +18,9 @@ constexpr ControlKind kGone{};
 Control::~Control() {
     m_Life.reset();
     m_Kind = &kGone;
-    if (m_Form && HasFocus() && IsWindowVisible(m_hWnd)) m_Form->FocusNext(*this);
+    const bool givesFocus = m_Form && HasFocus() && IsWindowVisible(m_hWnd);
+    m_Enabled = false; // so that its form does not give the focus back to it
+    if (givesFocus) m_Form->FocusNext(*this);
     DestroyWindowNow();
     if (m_Form) m_Form->Forget(*this);
     Disconnect(m_Accessible);
@@ -41,6 +43,7 @@ void Control::Create(Form& form, Control* container, const LayoutRow& row) {
     if (m_Kind->Created) m_Kind->Created(m_Owner);
     for (const auto& [name, value] : row.Properties) ApplyProperty(name, value);
     m_Made = true;
+    Invalidate();
     if (m_Kind->Made) m_Kind->Made(m_Owner);
 }
 
@@ -190,8 +193,9 @@ bool Control::HasFocus() const {
     return m_hWnd && focus && (focus == m_hWnd || IsChild(m_hWnd, focus));
 }
 
+// While its row is being applied, each property would ask for the same.
 void Control::Invalidate() {
-    if (m_hWnd) InvalidateRect(m_hWnd, nullptr, FALSE);
+    if (m_hWnd && m_Made) InvalidateRect(m_hWnd, nullptr, FALSE);
 }
 
 void Control::Refresh() {

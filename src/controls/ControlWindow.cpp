@@ -210,7 +210,7 @@ LRESULT Control::Answer(UINT message, WPARAM wParam, LPARAM lParam) {
         if (!here || !m_hWnd) return result;
         // The system itself tells screen readers where the focus goes.
         if (message == WM_SETFOCUS && m_Form) m_Form->NoteFocus(*this);
-        Tell(Change::Focus);
+        if (m_Kind->Focusable) Tell(Change::Focus); // a form looks the same
         return result;
     }
     default:

@@ -57,7 +57,6 @@ Form::~Form() {
         control->m_Label = nullptr;
     }
     Base.m_Form = nullptr;
-    if (m_Ground) DeleteObject(m_Ground);
 }
 
 const std::vector<Form*>& Forms::All() {

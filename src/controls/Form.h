@@ -2,6 +2,7 @@
 // on it, tab order, access keys, default and cancel button.
 #pragma once
 
+#include "controls/Canvas.h"
 #include "controls/Control.h"
 #include "controls/Events.h"
 #include "controls/Theme.h"
@@ -159,8 +160,7 @@ private:
     bool m_Caption = false;   // has a caption bar of the system's
     int m_ShapeId = 0;        // of its region among the resources; 0: a plain rectangle
     cRegion m_Shape;
-    HBITMAP m_Ground = nullptr;
-    SIZE m_GroundSize{};
+    std::unique_ptr<Canvas> m_Ground;
     bool m_PaintsGround = false;   // inside PaintGround
     bool m_AskedMeanwhile = false; // something was painted there on the plain ground
 };

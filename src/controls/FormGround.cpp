@@ -14,7 +14,7 @@ void Form::OnPaint(HDC dc, const RECT& client) {
 void Form::OnGround(HDC dc, const RECT& client) {
     const SIZE size{WidthOf(client), HeightOf(client)};
     if (size.cx <= 0 || size.cy <= 0) return;
-    const bool kept = m_Ground && size.cx == m_GroundSize.cx && size.cy == m_GroundSize.cy;
+    const bool kept = m_Ground && size.cx == m_Ground->Size().cx && size.cy == m_Ground->Size().cy;
     if (!kept && m_PaintsGround) {
         // Asked for inside the form's own handler: what comes of that is seen later.
         m_AskedMeanwhile = true;
@@ -22,38 +22,28 @@ void Form::OnGround(HDC dc, const RECT& client) {
         return;
     }
     if (!kept && !MakeGround(client)) return;
-    const HDC memory = CreateCompatibleDC(dc);
-    const HGDIOBJ before = SelectObject(memory, m_Ground);
-    BitBlt(dc, 0, 0, size.cx, size.cy, memory, 0, 0, SRCCOPY);
-    SelectObject(memory, before);
-    DeleteDC(memory);
+    BitBlt(dc, 0, 0, size.cx, size.cy, m_Ground->Dc(), 0, 0, SRCCOPY);
 }
 
-// False where the handler has ended the form. The bitmap is the form's only when it is done:
+// False where the handler has ended the form. The canvas is the form's only when it is done:
 // the handler may let the old one go.
 bool Form::MakeGround(const RECT& client) {
     const StillThere here(Base);
     const HDC screen = GetDC(Base.m_hWnd);
-    const HDC memory = CreateCompatibleDC(screen);
-    const HBITMAP bitmap = CreateCompatibleBitmap(screen, WidthOf(client), HeightOf(client));
+    auto ground = std::make_unique<Canvas>(screen, SIZE{WidthOf(client), HeightOf(client)});
     ReleaseDC(Base.m_hWnd, screen);
-    const HGDIOBJ before = SelectObject(memory, bitmap);
+    const HDC memory = ground->Dc();
     FillGround(memory, client);
     m_PaintsGround = true;
     m_AskedMeanwhile = false;
+    const int state = SaveDC(memory);
     EventFrame::Run([&] { Raise(PaintGround, memory, client); });
-    const bool stays = here && Base.m_hWnd;
-    if (here) m_PaintsGround = false;
-    if (stays) DrawOutline(memory);
-    SelectObject(memory, before);
-    DeleteDC(memory);
-    if (!stays) {
-        DeleteObject(bitmap);
-        return false;
-    }
-    if (m_Ground) DeleteObject(m_Ground);
-    m_Ground = bitmap;
-    m_GroundSize = {WidthOf(client), HeightOf(client)};
+    RestoreDC(memory, state);
+    if (!here) return false;
+    m_PaintsGround = false;
+    if (!Base.m_hWnd) return false;
+    DrawOutline(memory);
+    m_Ground = std::move(ground);
     if (m_AskedMeanwhile) RedrawWindow(Base.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
     return true;
 }
@@ -76,8 +66,7 @@ void Form::DrawOutline(HDC dc) const {
 }
 
 void Form::RefreshGround() {
-    if (m_Ground) DeleteObject(m_Ground);
-    m_Ground = nullptr;
+    m_Ground.reset();
     if (Base.m_hWnd)
         RedrawWindow(Base.m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN | RDW_FRAME);
 }

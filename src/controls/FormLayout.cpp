@@ -45,6 +45,7 @@ void Form::Create(std::u16string_view layout) {
             Base.m_Height = row.Height;
             for (const auto& [name, value] : row.Properties) Base.ApplyProperty(name, value);
             MakeWindow();
+            Base.m_Made = true;
             continue;
         }
         if (!Base.m_hWnd) Refuse(std::u16string(row.Name), u"The layout has no line for the form");

@@ -6,7 +6,6 @@
 #include "controls/Painting.h"
 
 #include <algorithm>
-#include <cstdint>
 #include <vector>
 
 namespace {
@@ -26,10 +25,6 @@ COLORREF Between(COLORREF from, COLORREF to, int step, int steps) {
                channel(GetBValue(from), GetBValue(to)));
 }
 
-std::uint32_t Stored(COLORREF colour) {
-    return static_cast<std::uint32_t>(GetRValue(colour) << 16 | GetGValue(colour) << 8 | GetBValue(colour));
-}
-
 void FillBlock(HDC dc, const RECT& place, int gradient, COLORREF from, COLORREF to) {
     const int width = WidthOf(place), height = HeightOf(place);
     if (width <= 0 || height <= 0) return;
@@ -39,19 +34,13 @@ void FillBlock(HDC dc, const RECT& place, int gradient, COLORREF from, COLORREF 
     }
     const int across = gradient == kDiagonal ? width : 1;
     const int steps = gradient == kDiagonal ? width + height - 2 : height - 1;
-    std::vector<std::uint32_t> shades;
-    for (int step = 0; step <= steps; ++step) shades.push_back(Stored(Between(from, to, step, steps)));
-    std::vector<std::uint32_t> bits;
-    bits.reserve(static_cast<std::size_t>(across) * static_cast<std::size_t>(height));
-    for (int y = 0; y < height; ++y) bits.insert(bits.end(), shades.begin() + y, shades.begin() + y + across);
-    BITMAPINFO info{};
-    info.bmiHeader.biSize = sizeof info.bmiHeader;
-    info.bmiHeader.biWidth = across;
-    info.bmiHeader.biHeight = -height;
-    info.bmiHeader.biPlanes = 1;
-    info.bmiHeader.biBitCount = 32;
-    StretchDIBits(dc, place.left, place.top, width, height, 0, 0, across, height, bits.data(), &info,
-                  DIB_RGB_COLORS, SRCCOPY);
+    std::vector<COLORREF> steep;
+    for (int step = 0; step <= steps; ++step) steep.push_back(Between(from, to, step, steps));
+    std::vector<COLORREF> shades;
+    shades.reserve(static_cast<std::size_t>(across) * static_cast<std::size_t>(height));
+    for (int y = 0; y < height; ++y)
+        shades.insert(shades.end(), steep.begin() + y, steep.begin() + y + across);
+    StretchShades(dc, place, across, height, shades);
 }
 
 int IconCell(const McListBoxState& state) {

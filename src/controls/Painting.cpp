@@ -1,7 +1,11 @@
-// One bitmap is made for each painting: keeping one would cost memory for every control on screen.
-//
 // Tested by tests/windows/mclistbox_look_test.cpp and advprogressbar_test.cpp.
 #include "controls/Painting.h"
+
+#include "controls/Canvas.h"
+
+#include <algorithm>
+#include <cstdint>
+#include <memory>
 
 namespace {
 
@@ -16,6 +20,11 @@ TRIVERTEX Corner(LONG x, LONG y, COLORREF colour) {
             0};
 }
 
+// As bitmaps hold it.
+std::uint32_t Stored(COLORREF colour) {
+    return static_cast<std::uint32_t>(GetRValue(colour) << 16 | GetGValue(colour) << 8 | GetBValue(colour));
+}
+
 } // namespace
 
 const PaintTally& PaintsSoFar() {
@@ -26,41 +35,38 @@ void TallyRow() {
     ++g_Tally.Rows;
 }
 
+// One canvas serves all windows of the thread; it is as large as the largest part painted so far.
+// What is painted inside another painting gets its own.
 void PaintBuffered(HWND window, const std::function<void(HDC, const RECT&)>& paint) {
+    static thread_local std::unique_ptr<Canvas> kept;
     PAINTSTRUCT told;
     const HDC screen = BeginPaint(window, &told);
     ++g_Tally.Paints;
+    struct Release {
+        HWND Window;
+        const PAINTSTRUCT& Told;
+        ~Release() { EndPaint(Window, &Told); }
+    } release{window, told};
     const RECT& part = told.rcPaint;
-    if (WidthOf(part) > 0 && HeightOf(part) > 0) {
-        const HDC memory = CreateCompatibleDC(screen);
-        const HBITMAP bitmap = CreateCompatibleBitmap(screen, WidthOf(part), HeightOf(part));
-        const HGDIOBJ before = SelectObject(memory, bitmap);
-        SetWindowOrgEx(memory, part.left, part.top, nullptr);
-        RECT client;
-        GetClientRect(window, &client);
-        // The system's objects go back also when a painter throws.
-        struct Release {
-            HWND Window;
-            const PAINTSTRUCT& Told;
-            HDC Memory;
-            HBITMAP Bitmap;
-            HGDIOBJ Before;
-            ~Release() {
-                SelectObject(Memory, Before);
-                DeleteObject(Bitmap);
-                DeleteDC(Memory);
-                EndPaint(Window, &Told);
-            }
-        } release{window, told, memory, bitmap, before};
-        const int state = SaveDC(memory);
-        paint(memory, client);
-        RestoreDC(memory, state);
-        BitBlt(screen, part.left, part.top, WidthOf(part), HeightOf(part), memory, part.left, part.top,
-               SRCCOPY);
-        ++g_Tally.Blits;
-        return;
-    }
-    EndPaint(window, &told);
+    const int width = WidthOf(part), height = HeightOf(part);
+    if (width <= 0 || height <= 0) return;
+    // When a painter throws, what it has selected goes with the canvas.
+    std::unique_ptr<Canvas> canvas = std::move(kept);
+    const SIZE had = canvas ? canvas->Size() : SIZE{};
+    if (had.cx < width || had.cy < height)
+        canvas = std::make_unique<Canvas>(
+            screen, SIZE{std::max<LONG>(had.cx, width), std::max<LONG>(had.cy, height)});
+    const HDC memory = canvas->Dc();
+    RECT client;
+    GetClientRect(window, &client);
+    const int state = SaveDC(memory);
+    SetWindowOrgEx(memory, part.left, part.top, nullptr);
+    IntersectClipRect(memory, part.left, part.top, part.right, part.bottom);
+    paint(memory, client);
+    RestoreDC(memory, state);
+    BitBlt(screen, part.left, part.top, width, height, memory, 0, 0, SRCCOPY);
+    ++g_Tally.Blits;
+    kept = std::move(canvas);
 }
 
 void FillRectangle(HDC dc, const RECT& place, COLORREF colour) {
@@ -75,6 +81,20 @@ void FrameRectangle(HDC dc, const RECT& place, COLORREF colour, int width) {
     FillRectangle(dc, {place.left, place.bottom - width, place.right, place.bottom}, colour);
     FillRectangle(dc, {place.left, place.top + width, place.left + width, place.bottom - width}, colour);
     FillRectangle(dc, {place.right - width, place.top + width, place.right, place.bottom - width}, colour);
+}
+
+void StretchShades(HDC dc, const RECT& place, int width, int height, const std::vector<COLORREF>& shades) {
+    if (shades.empty()) return;
+    std::vector<std::uint32_t> bits(shades.size());
+    std::ranges::transform(shades, bits.begin(), Stored);
+    BITMAPINFO info{};
+    info.bmiHeader.biSize = sizeof info.bmiHeader;
+    info.bmiHeader.biWidth = width;
+    info.bmiHeader.biHeight = -height;
+    info.bmiHeader.biPlanes = 1;
+    info.bmiHeader.biBitCount = 32;
+    StretchDIBits(dc, place.left, place.top, WidthOf(place), HeightOf(place), 0, 0, width, height,
+                  bits.data(), &info, DIB_RGB_COLORS, SRCCOPY);
 }
 
 void VerticalGradient(HDC dc, const RECT& place, COLORREF top, COLORREF bottom) {

@@ -5,6 +5,7 @@
 
 #include <functional>
 #include <string_view>
+#include <vector>
 
 // Answers WM_PAINT: paint draws the client area into a memory bitmap, which then goes to
 // the screen in one blit. The context has the client area's coordinates.
@@ -23,6 +24,8 @@ void TallyRow();
 void FillRectangle(HDC dc, const RECT& place, COLORREF colour);
 // A frame of the given width, inside place.
 void FrameRectangle(HDC dc, const RECT& place, COLORREF colour, int width);
+// A picture of width by height colours, row by row, stretched over place.
+void StretchShades(HDC dc, const RECT& place, int width, int height, const std::vector<COLORREF>& shades);
 void VerticalGradient(HDC dc, const RECT& place, COLORREF top, COLORREF bottom);
 // Every second pixel of the border of place: the sign of the focus. Dots are as wide as a
 // hair line.

@@ -39,7 +39,7 @@ const ControlKind TavrelButton::kKind{
     .EnterPresses = true,
     .Created = Entry<&TavrelButton::OnCreated>::Call,
     .Property = Entry<&TavrelButton::OnProperty>::Call,
-    .Made = Entry<&TavrelButton::ShapeWindow>::Call,
+    .Made = Entry<&TavrelButton::OnMade>::Call,
     .Paint = Entry<&TavrelButton::OnPaint>::Call,
     .Message = Entry<&TavrelButton::OnMessage>::Call,
     .Changed = Entry<&TavrelButton::OnChanged>::Call,
@@ -175,7 +175,7 @@ void TavrelButton::KeepLeastSize() {
 }
 
 // Style 3 has its corners cut; the system owns the region from then on.
-void TavrelButton::ShapeWindow() {
+void TavrelButton::ShapeWindow(bool repaint) {
     const HWND window = Base.hWnd();
     if (!window || !Base.Made()) return;
     if (m_Look.ButtonStyle != kStyleXP) {
@@ -196,5 +196,5 @@ void TavrelButton::ShapeWindow() {
         DeleteObject(rows);
         top = bottom;
     }
-    SetWindowRgn(window, whole, TRUE);
+    SetWindowRgn(window, whole, repaint);
 }

@@ -126,7 +126,8 @@ private:
     void OnPaint(HDC dc, const RECT& client);
     void OnChanged(Change what);
     void Dress();
-    void ShapeWindow();
+    void OnMade() { ShapeWindow(false); } // nothing has been painted yet
+    void ShapeWindow(bool repaint = true);
     void KeepLeastSize();
 
     // TavrelButtonInput.cpp

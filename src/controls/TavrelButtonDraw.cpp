@@ -6,6 +6,7 @@
 #include "controls/TavrelButton.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace {
 
@@ -27,11 +28,21 @@ void FillRows(HDC dc, const RECT& place, int row, int count, int cut, COLORREF c
 // Line by line from first, the line 0, by an even step; from the bottom up when pressed.
 void FillGradient(HDC dc, const RECT& place, COLORREF first, int span, bool fromBottom, int dpi) {
     const int height = HeightOf(place);
+    std::vector<COLORREF> uncut;
+    int uncutTop = 0;
     for (int row = 0; row < height; ++row) {
         const int line = fromBottom ? height - 1 - row : row;
         const int delta = (2 * span * line - height) / (2 * height); // span is below 0: to the nearest
-        FillRows(dc, place, row, 1, CutOfRow(row, height, dpi), OffsetColour(first, delta));
+        const COLORREF colour = OffsetColour(first, delta);
+        if (const int cut = CutOfRow(row, height, dpi)) {
+            FillRows(dc, place, row, 1, cut, colour);
+            continue;
+        }
+        if (uncut.empty()) uncutTop = place.top + row;
+        uncut.push_back(colour);
     }
+    const int count = static_cast<int>(uncut.size());
+    StretchShades(dc, {place.left, uncutTop, place.right, uncutTop + count}, 1, count, uncut);
 }
 
 void FillPlain(HDC dc, const RECT& place, COLORREF colour, int dpi) {
@@ -71,14 +82,17 @@ void DrawOutline(HDC dc, const RECT& place, COLORREF edge, COLORREF corner, int 
 void DrawInnerFrame(HDC dc, const RECT& place, COLORREF colour, int width, int dpi) {
     const int line = HairLine(dpi), height = HeightOf(place), inner = line + width;
     for (int row = line; row < height - line; ++row) {
-        const int cut = std::max(line, CutOfRow(row, height, dpi));
+        const int cutOff = CutOfRow(row, height, dpi), cut = std::max(line, cutOff);
         if (row < inner || row >= height - inner) {
             FillRows(dc, place, row, 1, cut, colour);
             continue;
         }
+        int count = 1;
+        while (row + count < height - inner && CutOfRow(row + count, height, dpi) == cutOff) ++count;
         const int top = place.top + row;
-        FillRectangle(dc, {place.left + cut, top, place.left + inner, top + 1}, colour);
-        FillRectangle(dc, {place.right - inner, top, place.right - cut, top + 1}, colour);
+        FillRectangle(dc, {place.left + cut, top, place.left + inner, top + count}, colour);
+        FillRectangle(dc, {place.right - inner, top, place.right - cut, top + count}, colour);
+        row += count - 1;
     }
 }
 

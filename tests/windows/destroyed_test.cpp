@@ -129,6 +129,21 @@ TEST_F(Destroyed, AControlByItsOwnEvent) {
         m_LetTick, [this] { return !m_Shown->Clock; });
 }
 
+// Esc and access keys go to the window with the focus: one that is gone would keep them.
+TEST_F(Destroyed, TheOnlyOneForTheFocusLeavesItToTheForm) {
+    const HWND form = m_Shown->Window.Base.hWnd();
+    m_Ui.Run([&] {
+        for (Control* control : m_Shown->Window.Controls())
+            control->Enabled(control == &m_Shown->Go->Base || control->Kind().Container);
+    });
+    Focus(m_Shown->Go->Base);
+    m_Ui.Run([&] {
+        m_Shown->Go.reset();
+        EXPECT_EQ(GetFocus(), form);
+    });
+    EXPECT_TRUE(Becomes([&] { return GetFocus() == form; }));
+}
+
 TEST_F(Destroyed, AFormByItsOwnEvent) {
     const auto gone = [this] { return !m_Shown; };
     const auto drop = [this](auto&&...) { m_Shown.reset(); };
