@@ -44,16 +44,13 @@ public:
     ~Measuring() { SelectObject(Dc(), m_Before); }
     Measuring(const Measuring&) = delete;
     Measuring& operator=(const Measuring&) = delete;
+    // The system takes it back with the thread: by then a destructor would find its variable gone.
     static HDC Dc() {
-        static thread_local const Kept kept;
-        return kept.Dc;
+        static thread_local const HDC dc = CreateCompatibleDC(nullptr);
+        return dc;
     }
 
 private:
-    struct Kept {
-        HDC Dc = CreateCompatibleDC(nullptr);
-        ~Kept() { DeleteDC(Dc); }
-    };
     HGDIOBJ m_Before;
 };
 

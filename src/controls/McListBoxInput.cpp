@@ -129,7 +129,7 @@ void McListBox::MoveTo(int row) {
     RepaintRow(m_State.ListIndex < 0 ? m_State.TopRow : m_State.ListIndex);
     m_State.ListIndex = row;
     if (!Base.hWnd()) return;
-    UpdateScrollBar();
+    if (m_RowsAdded) UpdateScrollBar(); // it may be one of those
     const int visible = VisibleRows();
     if (row < m_State.TopRow)
         ScrollTo(row);

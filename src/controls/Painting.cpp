@@ -4,6 +4,7 @@
 #include "controls/Canvas.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstdint>
 #include <memory>
 
@@ -35,10 +36,10 @@ void TallyRow() {
     ++g_Tally.Rows;
 }
 
-// One canvas serves all windows of the thread; it is as large as the largest part painted so far.
-// What is painted inside another painting gets its own.
+// One canvas serves all windows; it is as large as the largest part painted so far. What is painted
+// inside another painting, or by another thread meanwhile, gets its own.
 void PaintBuffered(HWND window, const std::function<void(HDC, const RECT&)>& paint) {
-    static thread_local std::unique_ptr<Canvas> kept;
+    static std::atomic<Canvas*> kept = nullptr; // until the program ends
     PAINTSTRUCT told;
     const HDC screen = BeginPaint(window, &told);
     ++g_Tally.Paints;
@@ -51,7 +52,7 @@ void PaintBuffered(HWND window, const std::function<void(HDC, const RECT&)>& pai
     const int width = WidthOf(part), height = HeightOf(part);
     if (width <= 0 || height <= 0) return;
     // When a painter throws, what it has selected goes with the canvas.
-    std::unique_ptr<Canvas> canvas = std::move(kept);
+    std::unique_ptr<Canvas> canvas(kept.exchange(nullptr));
     const SIZE had = canvas ? canvas->Size() : SIZE{};
     if (had.cx < width || had.cy < height)
         canvas = std::make_unique<Canvas>(
@@ -66,7 +67,7 @@ void PaintBuffered(HWND window, const std::function<void(HDC, const RECT&)>& pai
     RestoreDC(memory, state);
     BitBlt(screen, part.left, part.top, width, height, memory, 0, 0, SRCCOPY);
     ++g_Tally.Blits;
-    kept = std::move(canvas);
+    delete kept.exchange(canvas.release());
 }
 
 void FillRectangle(HDC dc, const RECT& place, COLORREF colour) {

@@ -1,4 +1,4 @@
-// How windows are painted: one canvas for all, in whatever order and size.
+// How windows are painted: one canvas for all, in whatever order, size and thread.
 #include "controls/Painting.h"
 #include "windows/Gui.h"
 #include "windows/Pixels.h"
