@@ -9,6 +9,12 @@ add_library(zc_options INTERFACE)
 target_include_directories(zc_options INTERFACE "${CMAKE_SOURCE_DIR}/src")
 target_compile_options(zc_options INTERFACE ${ZC_WARNINGS})
 
+if(MINGW)
+  # GCC keeps values in registers that a called function, as seen here, leaves alone. On Windows it does so
+  # also for inline functions, of which the linker may take another source's copy that uses them.
+  add_compile_options(-fno-ipa-ra)
+endif()
+
 if(WIN32)
   target_compile_definitions(zc_options INTERFACE
     UNICODE _UNICODE STRICT NOMINMAX WIN32_LEAN_AND_MEAN
