@@ -1,7 +1,7 @@
 // What controls have in common: creation from a layout row, place, state, focus. The window
 // procedure is in ControlWindow.cpp.
 //
-// Tested by tests/windows/form_test.cpp, every_control_test.cpp and destroyed_test.cpp.
+// Tested by tests/windows/form_test.cpp, moved_test.cpp, every_control_test.cpp and destroyed_test.cpp.
 #include "controls/Control.h"
 
 #include "base/RuntimeFailure.h"
@@ -78,13 +78,24 @@ void Control::Move(int left, int top, int width, int height) {
     m_Height = height;
     if (!m_hWnd) return;
     const StillThere here(*this);
+    PlaceAgain(sized);
+    if (!here || !moved || !m_Container) return; // a form's Resize may have destroyed it
+    m_Form->EachInside(*this, [](Control& held) {
+        if (held.m_hWnd) held.PlaceAgain(false);
+    });
+}
+
+// Its size in pixels depends on its place, and what the system moves along was painted on the ground
+// of the old place.
+void Control::PlaceAgain(bool sized) {
+    RECT before, after;
+    GetClientRect(m_hWnd, &before);
+    const StillThere here(*this);
     PlaceWindow();
-    if (!here) return; // a form's Resize may have destroyed it
-    if (moved && m_Container)
-        m_Form->EachInside(*this, [](Control& held) {
-            if (held.m_hWnd) held.PlaceWindow();
-        });
-    if (sized) Tell(Change::Size);
+    if (!here || !m_hWnd) return;
+    GetClientRect(m_hWnd, &after);
+    if (m_Container) RedrawWindow(m_hWnd, nullptr, nullptr, RDW_INVALIDATE | RDW_ALLCHILDREN);
+    if (sized || !EqualRect(&before, &after)) Tell(Change::Size);
 }
 
 // Edges are rounded as they lie on the form, so that what ends with its container in twips

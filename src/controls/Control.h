@@ -176,6 +176,7 @@ private:
     void Detach();
     void DestroyWindowNow();
     void PlaceWindow();
+    void PlaceAgain(bool sized);
     void Tell(Change what);
     void FontChanged();
     static LRESULT CALLBACK WindowProcedure(HWND window, UINT message, WPARAM wParam, LPARAM lParam);
