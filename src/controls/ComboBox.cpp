@@ -81,6 +81,7 @@ void ComboBox::OnCommand(UINT notification) {
         Base.Notify(EVENT_OBJECT_STATECHANGE);
         break;
     case CBN_CLOSEUP:
+        ComboField::EndPress(Base);
         Base.Notify(EVENT_OBJECT_STATECHANGE);
         // Closing by Esc takes back what keys have chosen in the list, without SELCHANGE.
         PostMessageW(Base.hWnd(), kChosen, 0, 0);

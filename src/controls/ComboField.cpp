@@ -19,6 +19,13 @@ void Close(const Control& combo) {
     if (Dropped(combo)) SendMessageW(combo.hWnd(), CB_SHOWDROPDOWN, FALSE, 0);
 }
 
+// The box takes the mouse for the press and hands it on to its list at the release, open or not.
+void EndPress(const Control& combo) {
+    if (GetCapture() != combo.hWnd()) return;
+    SendMessageW(combo.hWnd(), WM_LBUTTONUP, 0, MAKELPARAM(-1, -1));
+    ReleaseCapture();
+}
+
 void Toggle(const Control& combo) {
     SendMessageW(combo.hWnd(), CB_SHOWDROPDOWN, !Dropped(combo), 0);
 }

@@ -9,6 +9,9 @@ bool Dropped(const Control& combo);
 // Left to itself, an open list whose box changes its font, size or place goes on holding the
 // mouse unseen.
 void Close(const Control& combo);
+// For CBN_CLOSEUP: a press that opened the list and is held still ends with it, else its release
+// gives the mouse to the unseen list.
+void EndPress(const Control& combo);
 // Opens or closes the list.
 void Toggle(const Control& combo);
 // For the control's Place entry: makes the closed box as high as pixels, and the dropped

@@ -192,6 +192,7 @@ bool FontCombo::OnCommand(UINT notification) {
         Base.Notify(EVENT_OBJECT_STATECHANGE);
         break;
     case CBN_CLOSEUP:
+        ComboField::EndPress(Base);
         // The text follows only behind it.
         if (std::exchange(m_Choosing, false)) PostMessageW(Base.hWnd(), kChosen, 0, 0);
         FreeFonts();

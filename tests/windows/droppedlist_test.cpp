@@ -102,6 +102,24 @@ TEST_F(DroppedLists, AnOpenListHasTheBoxesNameAndItsRowsAsChildren) {
     }
 }
 
+TEST_F(DroppedLists, APressWhoseListClosesBeforeItsReleaseLetsTheMouseGo) {
+    const auto free = [&] { return On([] { return GetCapture() == nullptr; }); };
+    for (const bool fonts : {false, true}) {
+        const HWND box = Combo(fonts).hWnd();
+        RECT client{};
+        GetClientRect(box, &client);
+        gui::MoveTo(gui::ToScreen(box, client.right - Px(8), client.bottom / 2));
+        gui::Press(MOUSEEVENTF_LEFTDOWN);
+        EXPECT_TRUE(Becomes([&] { return ComboField::Dropped(Combo(fonts)); }));
+        m_Ui.Run([&] { m_Shown->Other.Base.SetFocus(); });
+        EXPECT_TRUE(Becomes([&] { return !ComboField::Dropped(Combo(fonts)); }));
+        EXPECT_TRUE(free()) << fonts;
+        gui::Press(MOUSEEVENTF_LEFTUP);
+        m_Ui.Settle();
+        EXPECT_TRUE(free()) << fonts;
+    }
+}
+
 TEST_F(DroppedLists, RowsHaveTheColoursOfTheListsOrOfTheSystem) {
     for (const bool contrast : {false, true}) {
         SetHighContrast(contrast);
