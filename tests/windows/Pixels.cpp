@@ -33,6 +33,7 @@ Pixels Drawn(int width, int height, const std::function<void(HDC)>& draw, COLORR
     draw(memory);
     GdiFlush();
     Pixels pixels{width, height, {}};
+    pixels.Colours.reserve(static_cast<std::size_t>(width * height));
     const auto* pixel = static_cast<const std::uint32_t*>(bits);
     for (int i = 0; i < width * height; ++i, ++pixel)
         pixels.Colours.push_back(RGB(*pixel >> 16 & 0xFF, *pixel >> 8 & 0xFF, *pixel & 0xFF));

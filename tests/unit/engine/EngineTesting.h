@@ -4,19 +4,12 @@
 #include "base/RuntimeFailure.h"
 #include "engine/clsConvert.h"
 #include "reference/PlainConvert.h"
+#include "support/Environment.h"
 
-#include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <ostream>
 #include <string>
 #include <string_view>
-
-// A number that a run is given from outside.
-inline std::uint64_t FromEnvironment(const char* name, std::uint64_t otherwise) {
-    const char* const value = std::getenv(name);
-    return value == nullptr ? otherwise : std::strtoull(value, nullptr, 10);
-}
 
 // Code points in hexadecimal with blanks between.
 inline std::string Hex(std::u16string_view units) {
