@@ -16,9 +16,10 @@ using gui::Step;
 
 constexpr std::uint64_t kSteps = 300;
 
+// Each of the seeds is red where some fault that was mended is put back.
 std::vector<std::uint64_t> Seeds() {
     const std::uint64_t asked = FromEnvironment("ZC_MONKEY_SEED", 0);
-    return asked ? std::vector{asked} : std::vector<std::uint64_t>{1, 2, 3, 4, 5};
+    return asked ? std::vector{asked} : std::vector<std::uint64_t>{1, 4, 5, 8, 10};
 }
 
 class Monkey : public gui::FormTest<gui::MonkeyForm>, public testing::WithParamInterface<std::uint64_t> {
