@@ -1,16 +1,15 @@
 # The data folders beside the program: plug-ins compiled from data/encodings, font
-# tables, Plugin.INI. A cross build makes them with a native zorvak of its own.
+# tables, Plugin.INI. A cross build makes them with the zorvak of the preset "native".
 if(CMAKE_CROSSCOMPILING)
-  set(host_dir "${CMAKE_BINARY_DIR}/host")
   file(GLOB_RECURSE host_sources CONFIGURE_DEPENDS
     "${CMAKE_SOURCE_DIR}/src/base/*" "${CMAKE_SOURCE_DIR}/src/engine/*"
     "${CMAKE_SOURCE_DIR}/src/textfiles/*" "${CMAKE_SOURCE_DIR}/src/console/*")
-  set(zorvak_host "${host_dir}/zorvak")
+  set(zorvak_host "${CMAKE_SOURCE_DIR}/build/native/zorvak")
   add_custom_command(OUTPUT "${zorvak_host}"
-    COMMAND "${CMAKE_COMMAND}" -S "${CMAKE_SOURCE_DIR}" -B "${host_dir}" -G "Unix Makefiles"
-            -DZC_HOST_TOOL=ON -DCMAKE_BUILD_TYPE=Release
-    COMMAND "${CMAKE_COMMAND}" --build "${host_dir}" -j 2
+    COMMAND "${CMAKE_COMMAND}" --preset native
+    COMMAND "${CMAKE_COMMAND}" --build --preset native --target zorvak
     COMMAND "${CMAKE_COMMAND}" -E touch "${zorvak_host}"
+    WORKING_DIRECTORY "${CMAKE_SOURCE_DIR}"
     DEPENDS ${host_sources}
     COMMENT "Building a native zorvak for making data" VERBATIM)
   set(data_dir "${CMAKE_BINARY_DIR}/dist")
