@@ -54,6 +54,10 @@ set_property(SOURCE "${face_resources}" APPEND PROPERTY INCLUDE_DIRECTORIES
 # Compiled once; a program with windows links it.
 add_library(face_resources OBJECT "${face_resources}")
 
+# What nearly every source with a window includes, none of it ours but base/win.h: read once,
+# it halves the time that a test takes to compile.
+set(ZC_WINDOW_HEADERS <base/win.h> <commctrl.h> <algorithm> <functional> <memory> <string> <vector>)
+
 # tests/windows/x_test.cpp becomes the program windows_x. The windows of a session share
 # focus, mouse and clipboard: one program at a time.
 if(gtest_found)
@@ -65,13 +69,15 @@ if(gtest_found)
   target_include_directories(window_driver PUBLIC "${CMAKE_SOURCE_DIR}/tests")
   target_link_libraries(window_driver PUBLIC face face_resources gtest)
   target_compile_definitions(window_driver PUBLIC ZC_SOURCE_DIR="${CMAKE_SOURCE_DIR}")
+  target_compile_options(window_driver PUBLIC ${ZC_TEST_OPTIONS})
+  target_precompile_headers(window_driver PRIVATE ${ZC_WINDOW_HEADERS} <gtest/gtest.h>)
   add_custom_target(windows_tests)
   foreach(source IN LISTS window_tests)
     get_filename_component(name "${source}" NAME_WE)
     string(REGEX REPLACE "_test$" "" name "windows_${name}")
     add_executable(${name} "${source}")
     target_link_libraries(${name} PRIVATE window_driver face_resources)
-    target_compile_options(${name} PRIVATE -O1)
+    target_precompile_headers(${name} REUSE_FROM window_driver)
     add_dependencies(windows_tests ${name})
     add_dependencies(${name} sounds)
     add_test(NAME ${name} COMMAND ${name})

@@ -6,6 +6,8 @@ add_library(gallery_sheets STATIC ${gallery_sources}
   "${CMAKE_SOURCE_DIR}/tests/windows/Gui.cpp" "${CMAKE_SOURCE_DIR}/tests/windows/Pixels.cpp")
 target_include_directories(gallery_sheets PUBLIC "${CMAKE_SOURCE_DIR}/tests")
 target_link_libraries(gallery_sheets PUBLIC face)
+target_compile_options(gallery_sheets PRIVATE ${ZC_TEST_OPTIONS})
+target_precompile_headers(gallery_sheets PRIVATE ${ZC_WINDOW_HEADERS})
 
 add_executable(gallery WIN32 "${CMAKE_SOURCE_DIR}/tests/gallery/main.cpp")
 target_link_libraries(gallery PRIVATE gallery_sheets face_resources)
