@@ -220,6 +220,9 @@ void CheckList::OnChanged(Change what) {
 }
 
 void DrawCheckRow(HDC dc, const RECT& place, const CheckRowState& state) {
+    // The plate of a picture is higher than the row at some DPI, and rows are painted one by one.
+    const int saved = SaveDC(dc);
+    IntersectClipRect(dc, place.left, place.top, place.right, place.bottom);
     const auto across = [&](int pixels) {
         return place.left + Scaled(pixels, state.Dpi) + Scaled(state.Indent, state.Dpi);
     };
@@ -253,4 +256,5 @@ void DrawCheckRow(HDC dc, const RECT& place, const CheckRowState& state) {
     DrawTextIn(dc, state.Font, state.Text, text, ink,
                DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX | DT_END_ELLIPSIS);
     if (state.Focused && state.Enabled) MarkFocus(dc, block, ink, state.Dpi);
+    RestoreDC(dc, saved);
 }
