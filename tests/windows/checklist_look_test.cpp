@@ -82,6 +82,29 @@ TEST_F(Checks, StatesHaveTheirColours) {
     });
 }
 
+// Rows are painted one by one: what one leaves on its neighbours would stay there.
+TEST_F(Checks, ARowDrawsItsOwnPlaceAndNoMore) {
+    for (const bool contrast : {false, true}) {
+        SetHighContrast(contrast);
+        for (const int dpi : {96, 120, 144, 192}) {
+            const int height = Scaled(20, dpi), width = Scaled(200, dpi);
+            const gui::Pixels drawn = On([&] {
+                const FontHandle font(m_Shown->Fields.Base.Font(), dpi);
+                return gui::Drawn(width, 3 * height, [&](HDC dc) {
+                    DrawCheckRow(dc, {0, height, width, 2 * height},
+                                 {.Text = u"Table: Customers",
+                                  .Font = font.Get(),
+                                  .Picture = CheckList::kTable,
+                                  .Selected = true,
+                                  .Focused = true,
+                                  .Dpi = dpi});
+                });
+            });
+            EXPECT_EQ(drawn.Count(RGB(255, 0, 255)), 2 * height * width) << dpi << contrast;
+        }
+    }
+}
+
 TEST_F(Checks, ABurstOfRowsCostsOneRefreshAndAPaintIsOneBlit) {
     m_Ui.Run([&] { UpdateWindow(m_Shown->Window.Base.hWnd()); });
     std::unique_ptr<gui::HeardEvents> heard;
